@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "foundation/PLPreferences.h"
+
+#include <QStandardPaths>
+
+#include <memory>
+
+namespace {
+
+std::unique_ptr<QSettings> &currentStore()
+{
+    static std::unique_ptr<QSettings> store;
+    return store;
+}
+
+QString defaultPath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return folder + QStringLiteral("/aquilane/aquilane.ini");
+}
+
+} // namespace
+
+QSettings &PLPreferences::store()
+{
+    if (!currentStore())
+        useFile(defaultPath());
+    return *currentStore();
+}
+
+void PLPreferences::useFile(const QString &path)
+{
+    currentStore() = std::make_unique<QSettings>(path, QSettings::IniFormat);
+}

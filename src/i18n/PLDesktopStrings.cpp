@@ -33,6 +33,9 @@ constexpr PLStringPair pairs[] = {
     {u"Trop de fichiers sont ouverts.", u"Too many files are open."},
     {u"Le texte de ce fichier ne peut pas être lu : son codage est inconnu.", u"The text of this file can't be read: its encoding is unknown."},
     {u"Le système a répondu par l'erreur %@.", u"The system answered with error %@."},
+    // Start
+    {u"Aquilane est déjà ouvert, mais ne répond pas.", u"Aquilane is already open, but doesn't answer."},
+    {u"Attendez un instant, ou quittez l'autre Aquilane, puis réessayez.", u"Wait a moment, or quit the other Aquilane, then try again."},
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},

@@ -35,16 +35,14 @@ void PLPageCommands::createItemInSection(PLSection section)
     m_parts.sidebar.editTitleOfNode(m_parts.sidebar.selectedNode());
 }
 
-void PLPageCommands::renameItemOfNode(const PLSidebarNode *node)
+void PLPageCommands::renameItem(const PLProjectItemPointer &item)
 {
-    const PLProjectItemPointer item = targetItemForNode(node);
     if (item)
         m_parts.sidebar.editTitleOfNode(m_parts.sidebar.tree().sectionItemForURL(item->fileURL()));
 }
 
-void PLPageCommands::trashItemOfNode(const PLSidebarNode *node)
+void PLPageCommands::trashItem(const PLProjectItemPointer &item)
 {
-    const PLProjectItemPointer item = targetItemForNode(node);
     if (!item)
         return QApplication::beep();
     if (!confirmTrash(*item))
@@ -57,16 +55,21 @@ void PLPageCommands::trashItemOfNode(const PLSidebarNode *node)
     m_parts.sidebar.reloadSidebarSelectingURL(QUrl(), item->section());
 }
 
-void PLPageCommands::revealNode(const PLSidebarNode *node) const
+void PLPageCommands::revealInFinder(const PLSidebarNode *node) const
+{
+    PLRevealInFileManager(locationOfNode(node));
+}
+
+QUrl PLPageCommands::locationOfNode(const PLSidebarNode *node) const
 {
     if (const PLProjectItemPointer item = PLItemOfNode(node))
-        return PLRevealInFileManager(item->fileURL());
+        return item->fileURL();
     if (node && node->kind() == PLSidebarNode::Kind::Section) {
         const auto &section = static_cast<const PLSidebarSection &>(*node);
         if (!section.isTagSection)
-            return PLRevealInFileManager(m_parts.project.URLForSection(section.section));
+            return m_parts.project.URLForSection(section.section);
     }
-    PLRevealInFileManager(m_parts.project.folderURL());
+    return m_parts.project.folderURL();
 }
 
 PLProjectItemPointer PLPageCommands::targetItemForNode(const PLSidebarNode *node) const
@@ -104,21 +107,16 @@ void PLPageCommands::focusTextIfEditing(const PLProjectItemPointer &item) const
 
 void PLPageCommands::showContextMenu(const PLSidebarNode *node, const QPoint &globalPosition)
 {
-    const bool isPage = targetItemForNode(node) != nullptr;
+    // The sidebar may be read again while the menu is open, and the row's node be gone.
+    const PLProjectItemPointer item = targetItemForNode(node);
+    const QUrl location = locationOfNode(node);
     QMenu menu(&m_parts.window);
-    QAction *rename = menu.addAction(PLLocalizedString(u"Renommer"_s));
-    rename->setEnabled(isPage);
-    QAction *reveal = menu.addAction(PLLocalizedString(u"Afficher dans le Finder"_s));
+    menu.addAction(PLLocalizedString(u"Renommer"_s), this, [this, item] { renameItem(item); })->setEnabled(item != nullptr);
+    menu.addAction(PLLocalizedString(u"Afficher dans le Finder"_s), this, [location] { PLRevealInFileManager(location); });
     menu.addSeparator();
-    QAction *trash = menu.addAction(PLLocalizedString(u"Mettre à la corbeille"_s));
-    trash->setEnabled(isPage);
-    const QAction *chosen = menu.exec(globalPosition);
-    if (chosen == rename)
-        renameItemOfNode(node);
-    else if (chosen == reveal)
-        revealNode(node);
-    else if (chosen == trash)
-        trashItemOfNode(node);
+    menu.addAction(PLLocalizedString(u"Mettre à la corbeille"_s), this, [this, item] { trashItem(item); })
+        ->setEnabled(item != nullptr);
+    menu.exec(globalPosition);
 }
 
 bool PLPageCommands::confirmTrash(const PLProjectItem &item) const

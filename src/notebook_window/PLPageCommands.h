@@ -35,9 +35,12 @@ public:
 
     /// Makes a page, opens it, and lets its title be typed.
     void createItemInSection(PLSection section);
-    void renameItemOfNode(const PLSidebarNode *node);
-    void trashItemOfNode(const PLSidebarNode *node);
-    void revealNode(const PLSidebarNode *node) const;
+    /// Opens the page's title for typing in its row; nothing for null.
+    void renameItem(const PLProjectItemPointer &item);
+    /// Asks, then moves the page to the trash; a beep for null.
+    void trashItem(const PLProjectItemPointer &item);
+    /// Shows the row's file, the section's folder or the notebook's in the file manager.
+    void revealInFinder(const PLSidebarNode *node) const;
 
     /// The page a command applies to: the row's page in its own section. Null for a row that is no page.
     PLProjectItemPointer targetItemForNode(const PLSidebarNode *node) const;
@@ -54,6 +57,7 @@ Q_SIGNALS:
     void currentItemRenamed();
 
 private:
+    QUrl locationOfNode(const PLSidebarNode *node) const;
     bool confirmTrash(const PLProjectItem &item) const;
     void finishRename(const PLProjectItemPointer &item);
 

@@ -145,11 +145,11 @@ void PLProjectWindowController::performCommand(PLCommand command, int)
     if (const auto section = sectionOfCommand(command))
         return m_pageCommands->createItemInSection(*section);
     if (command == PLCommand::RenameSelectedItem)
-        m_pageCommands->renameItemOfNode(m_sidebar->selectedNode());
+        m_pageCommands->renameItem(m_pageCommands->targetItemForNode(m_sidebar->selectedNode()));
     else if (command == PLCommand::TrashSelectedItem)
-        m_pageCommands->trashItemOfNode(m_sidebar->selectedNode());
+        m_pageCommands->trashItem(m_pageCommands->targetItemForNode(m_sidebar->selectedNode()));
     else if (command == PLCommand::RevealInFinder)
-        m_pageCommands->revealNode(m_sidebar->selectedNode());
+        m_pageCommands->revealInFinder(m_sidebar->selectedNode());
     else if (command == PLCommand::SaveDocument)
         m_session->saveDocument();
 }
@@ -220,11 +220,13 @@ void PLProjectWindowController::connectSidebar()
     connect(sidebar, &PLSidebarController::titleEditingCancelled, commands, &PLPageCommands::focusTextIfEditing);
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
-            [=] { commands->renameItemOfNode(sidebar->selectedNode()); });
+            [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });
     connect(view, &PLSidebarView::trashRequested, commands,
-            [=] { commands->trashItemOfNode(sidebar->selectedNode()); });
-    connect(view, &QTreeView::doubleClicked, commands,
-            [=](const QModelIndex &index) { commands->focusTextIfEditing(PLItemOfNode(sidebar->nodeForIndex(index))); });
+            [=] { commands->trashItem(commands->targetItemForNode(sidebar->selectedNode())); });
+    connect(view, &QTreeView::doubleClicked, commands, [=](const QModelIndex &index) {
+        if (const PLProjectItemPointer item = PLItemOfNode(sidebar->nodeForIndex(index)))
+            commands->focusTextIfEditing(item);
+    });
     connect(view, &PLSidebarView::contextMenuRequested, commands,
             [=](const QModelIndex &index, const QPoint &position) {
                 const PLSidebarNode *clicked = sidebar->nodeForIndex(index);
@@ -273,5 +275,5 @@ void PLProjectWindowController::updateWindowTitle()
     const QString title =
         item ? PLFormat(u"%@ — %@"_s, {m_project->title(), item->title()}) : m_project->title();
     // Qt puts its mark of an edited window where "[*]" stands; one of the writer's own is doubled.
-    m_window->setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s) + u"[*]");
+    m_window->setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s) + u"[*]"_s);
 }

@@ -72,9 +72,9 @@ private:
 class PLSidebarSection final : public PLSidebarNode
 {
 public:
-    explicit PLSidebarSection(PLSection section)
+    explicit PLSidebarSection(PLSection number)
         : PLSidebarNode(Kind::Section)
-        , section(section)
+        , section(number)
     {
     }
 

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int indentation = 12;
+constexpr int pointsPerLevel = 12;
 
 } // namespace
 
@@ -24,7 +24,7 @@ PLSidebarView::PLSidebarView(QWidget *parent)
 {
     setHeaderHidden(true);
     setFrameShape(QFrame::NoFrame);
-    setIndentation(indentation);
+    setIndentation(pointsPerLevel);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -46,11 +46,10 @@ void PLPageTextView::setPageText(const QString &text)
 {
     m_loading = true;
     m_characters = std::make_unique<PLPageCharacters>();
-    QTextDocument *previous = document();
-    setDocument(PLMakePageDocument(m_characters->encoded(text)).release());
-    document()->setParent(this);
-    if (previous && previous->parent() == this)
-        delete previous;
+    QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
+    loaded->setParent(this);
+    setDocument(loaded); // deletes the view's first document, but none that is a child of ours
+    delete std::exchange(m_loadedDocument, loaded);
     setTextCursor(QTextCursor(document()));
     verticalScrollBar()->setValue(0);
     m_loading = false;

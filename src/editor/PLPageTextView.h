@@ -53,6 +53,7 @@ private:
     void insertPageText(const QString &text);
 
     std::unique_ptr<PLPageCharacters> m_characters;
+    QTextDocument *m_loadedDocument = nullptr;
     int m_inset = 0;
     bool m_loading = false;
 };

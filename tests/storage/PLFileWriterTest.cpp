@@ -53,8 +53,7 @@ private:
 class OrdinaryUser final
 {
 public:
-    explicit OrdinaryUser(const QString &folder)
-        : m_user(::geteuid())
+    explicit OrdinaryUser(const QString &folder) : m_user(::geteuid())
     {
         constexpr uid_t nobody = 65534;
         if (m_user == 0 && ::chown(QFile::encodeName(folder).constData(), nobody, gid_t(-1)) == 0)

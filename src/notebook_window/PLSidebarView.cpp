@@ -58,6 +58,9 @@ void PLSidebarView::contextMenuEvent(QContextMenuEvent *event)
 
 void PLSidebarView::keyPressEvent(QKeyEvent *event)
 {
+    // The field of a title lets Return through; it ends the typing and must not begin it anew.
+    if (state() == EditingState)
+        return event->ignore();
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

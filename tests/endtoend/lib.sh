@@ -6,6 +6,7 @@
 # Nothing sleeps for a fixed time; everything is waited for, at most $patience seconds.
 
 set -euo pipefail
+export LC_ALL=C.UTF-8 # titles and texts have accents
 program=$1
 patience=20
 
@@ -56,30 +57,35 @@ take_screenshot() {
 finish() {
     local status=$?
     trap - EXIT
+    set +e
     if ((status != 0)); then
-        sed 's/^/the program said: /' "$work/stderr" >&2 || true
+        sed 's/^/the program said: /' "$work/stderr" >&2
         echo "the active window: $(active_title)" >&2
-        take_screenshot || true
+        take_screenshot
     fi
-    local pid
-    for pid in ${pid:-} ${manager_pid:-} ${display_pid:-}; do
-        kill -KILL "$pid" 2>/dev/null && wait "$pid" 2>/dev/null
+    local process
+    for process in ${pid:-} ${manager_pid:-} ${display_pid:-}; do
+        kill -KILL "$process" 2>/dev/null
+        wait "$process" 2>/dev/null
     done
     rm -rf "$work"
     exit "$status"
 }
 
-# as_writer COMMAND...: runs a command with nothing of the environment of whoever runs the tests.
-as_writer() {
-    env -i PATH="$PATH" HOME="$work/home" DISPLAY="$DISPLAY" XDG_RUNTIME_DIR="$work/run" \
+# become_writer COMMAND...: this process becomes the command, with nothing of the environment of whoever runs the
+# tests.
+become_writer() {
+    exec env -i PATH="$PATH" HOME="$work/home" DISPLAY="$DISPLAY" XDG_RUNTIME_DIR="$work/run" \
         XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" LC_CTYPE=C.UTF-8 \
         LANG="${writer_lang:-fr_FR.UTF-8}" LANGUAGE="${writer_language:-fr}" \
         ${LSAN_OPTIONS:+LSAN_OPTIONS="$LSAN_OPTIONS"} "$@"
 }
 
+as_writer() { (become_writer "$@"); }
+
 # start PATHS...: starts the program; its process is $pid.
 start() {
-    as_writer "$program" "$@" 2>>"$work/stderr" &
+    become_writer "$program" "$@" 2>>"$work/stderr" &
     pid=$!
 }
 
@@ -97,11 +103,13 @@ ends_with() {
 press() { xdotool key --delay 20 "$@"; }
 write() { xdotool type --delay 12 -- "$1"; }
 
-active_title() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
-active_window() { xdotool getactivewindow 2>/dev/null || true; }
+# The window that gets the keys. The window manager calls a window active a moment before.
+active_title() { xdotool getwindowfocus getwindowname 2>/dev/null || true; }
+active_window() { xdotool getwindowfocus 2>/dev/null || true; }
 has_title() { [[ $(active_title) == "$1" ]]; }
 expect_title() { until_true "a window \"$1\"" has_title "$1"; }
 
+# has_window PATTERN: a window on the screen has such a title. xdotool sees its ASCII letters only.
 has_window() { [[ -n $(xdotool search --onlyvisible --name "$1") ]]; }
 has_no_window() { ! has_window "$1"; }
 
@@ -118,6 +126,7 @@ expect_bytes() {
     until_true "the text of $(basename "$1")" cmp -s "$1" "$2"
 }
 
+# What goes wrong is told to the writer, never to a terminal nobody sees.
 said_nothing() {
     [[ ! -s $work/stderr ]] || fail "the program wrote to its standard error"
 }

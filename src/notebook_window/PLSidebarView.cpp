@@ -58,6 +58,9 @@ void PLSidebarView::contextMenuEvent(QContextMenuEvent *event)
 
 void PLSidebarView::keyPressEvent(QKeyEvent *event)
 {
+    // A title's field leaves Return to its parents too.
+    if (state() == EditingState)
+        return event->accept();
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

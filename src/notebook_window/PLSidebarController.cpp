@@ -8,6 +8,7 @@
 #include "storage/PLProject.h"
 
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 using Kind = PLSidebarNode::Kind;
 
@@ -51,10 +52,7 @@ PLSidebarNode *PLSidebarController::selectedNode() const
 
 void PLSidebarController::reloadSidebarData()
 {
-    auto tree = std::make_unique<PLSidebarTree>(m_project);
-    const QScopedValueRollback reloading(m_reloading, true);
-    m_model.setTree(std::move(tree));
-    expandSectionsAndKnownTags();
+    showTree(std::make_unique<PLSidebarTree>(m_project));
 }
 
 void PLSidebarController::selectSidebarObject(const PLSidebarNode *node)
@@ -87,11 +85,7 @@ void PLSidebarController::refreshSidebar(const QUrl &currentURL)
     const PLSidebarNode *target = selected ? equivalentOf(*selected, *newTree) : nullptr;
     if (!target)
         target = newTree->sectionItemForURL(currentURL);
-    {
-        const QScopedValueRollback reloading(m_reloading, true);
-        m_model.setTree(std::move(newTree));
-        expandSectionsAndKnownTags();
-    }
+    showTree(std::move(newTree));
     selectSidebarObject(target);
 }
 
@@ -118,6 +112,17 @@ void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
     m_titleItem = PLItemOfNode(selectedNode());
     m_view->setFocus();
     m_view->edit(m_view->currentIndex());
+}
+
+/// The rows that were in sight stay where they are.
+void PLSidebarController::showTree(std::unique_ptr<PLSidebarTree> tree)
+{
+    const QScopedValueRollback reloading(m_reloading, true);
+    const int scrollPosition = m_view->verticalScrollBar()->value();
+    m_model.setTree(std::move(tree));
+    expandSectionsAndKnownTags();
+    m_view->doItemsLayout();
+    m_view->verticalScrollBar()->setValue(scrollPosition);
 }
 
 void PLSidebarController::rememberExpansion(const QModelIndex &index, bool isExpanded)

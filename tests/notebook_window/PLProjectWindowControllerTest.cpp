@@ -17,6 +17,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTest>
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void theSelectionSurvivesARefresh_data();
     void theSelectionSurvivesARefresh();
     void aReferenceThatIsGoneGivesWayToThePage();
+    void aRefreshDoesNotScrollTheList();
     void pagesFromOutsideAppearWhenTheWindowBecomesKey();
     void aNewPageIsOpenAndItsTitleTyped();
     void aTypedTitleRenamesThePage_data();
@@ -380,6 +382,22 @@ void PLProjectWindowControllerTest::aReferenceThatIsGoneGivesWayToThePage()
 
     QCOMPARE(sidebar().selectedNode()->kind(), PLSidebarNode::Kind::Page);
     QCOMPARE(selectedText(), u"A"_s);
+}
+
+void PLProjectWindowControllerTest::aRefreshDoesNotScrollTheList()
+{
+    for (int chapter = 1; chapter <= 100; ++chapter)
+        m_notebook->write(u"Livre/%1 - Chapitre.md"_s.arg(chapter), u""_s);
+    open();
+    select(u"Livre/50 - Chapitre.md"_s);
+    QScrollBar *bar = sidebar().view()->verticalScrollBar();
+    bar->setValue(bar->value() + 100);
+    const int before = bar->value();
+    QVERIFY(before > 0);
+
+    m_controller->refreshSidebar();
+
+    QCOMPARE(bar->value(), before);
 }
 
 void PLProjectWindowControllerTest::pagesFromOutsideAppearWhenTheWindowBecomesKey()

@@ -117,8 +117,7 @@ void PLRecoveryTest::leftOversGetANameOfAPage_data()
     QTest::newRow("a NUL") << leftOver(QByteArray("a\0.md", 5)) << u"Sans titre.md"_s;
     QTest::newRow("not UTF-8") << leftOver("caf\xE9.md") << u"Sans titre.md"_s;
     QTest::newRow("not base64") << u"aquilane-0123456789abcdefABCD-_.a.tmp"_s << u"Sans titre.md"_s;
-    QTest::newRow("a long name")
-        << leftOver(QByteArray(150, 'x') + ".md") << QString(150, u'x') + u".md"_s;
+    QTest::newRow("a long name") << leftOver(QByteArray(150, 'x') + ".md") << QString(150, u'x') + u".md"_s;
 }
 
 void PLRecoveryTest::leftOversGetANameOfAPage()

@@ -24,12 +24,14 @@ private Q_SLOTS:
 
 private:
     /// The index of the row that shows this text, looked for in the whole tree.
-    static QModelIndex find(const QAbstractItemModel &model, const QString &text, const QModelIndex &parent = {});
+    static QModelIndex find(const QAbstractItemModel &model, const QString &text,
+                            const QModelIndex &parent = {});
 
     PLTestEnvironment m_environment;
 };
 
-QModelIndex PLSidebarModelTest::find(const QAbstractItemModel &model, const QString &text, const QModelIndex &parent)
+QModelIndex PLSidebarModelTest::find(const QAbstractItemModel &model, const QString &text,
+                                     const QModelIndex &parent)
 {
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
@@ -105,7 +107,9 @@ void PLSidebarModelTest::onlyPagesInTheirSectionCanBeRenamed()
     notebook.write(u"Livre/4 - Le bal.md"_s, u"---\ntags: bal\n---\n"_s);
     PLSidebarModel model;
     model.setTree(std::make_unique<PLSidebarTree>(*notebook.open()));
-    const auto isEditable = [](const QModelIndex &index) { return index.flags().testFlag(Qt::ItemIsEditable); };
+    const auto isEditable = [](const QModelIndex &index) {
+        return index.flags().testFlag(Qt::ItemIsEditable);
+    };
 
     const QModelIndex book = model.index(0, 0);
     const QModelIndex tag = model.index(0, 0, model.index(5, 0));

@@ -63,6 +63,9 @@ private Q_SLOTS:
     void initTestCase();
     void everyCallMayFail_data();
     void everyCallMayFail();
+    void everyFailedFlushIsReported_data();
+    void everyFailedFlushIsReported();
+    void theTextIsOnDiskBeforeItsNameAndTheNameBeforeTheAnswer();
     void theProcessMayBeKilledAtEveryCall_data();
     void theProcessMayBeKilledAtEveryCall();
     void disksWithoutAnExclusiveRenameWork_data();
@@ -167,6 +170,49 @@ void PLFileFaultsTest::everyCallMayFail()
         }
     }
     QVERIFY2(reported >= 16, "the faults have not reached the probe");
+}
+
+void PLFileFaultsTest::everyFailedFlushIsReported_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<int>("flushes");
+    QTest::newRow("a new text for an old page") << u"write"_s << 2;
+    QTest::newRow("a new page") << u"create"_s << 2;
+    QTest::newRow("a new name") << u"move"_s << 1;
+}
+
+void PLFileFaultsTest::everyFailedFlushIsReported()
+{
+    QFETCH(QString, operation);
+    QFETCH(int, flushes);
+    for (int flush = 1; flush <= flushes; ++flush) {
+        const QString fault = u"fsync:error=EIO:when=%1"_s.arg(flush);
+        QCOMPARE(run(operation, {fault}).exitCode, 1);
+        checkPage(operation, false);
+    }
+    QCOMPARE(run(operation, {u"fsync:error=EIO:when=%1"_s.arg(flushes + 1)}).exitCode, 0);
+    // A page that could not be renamed for good has its old name.
+    if (operation == u"move") {
+        (void)run(operation, {u"fsync:error=EIO:when=1"_s});
+        QCOMPARE(PLNamesIn(m_folder->path()), QStringList{u"page.md"_s});
+    }
+}
+
+void PLFileFaultsTest::theTextIsOnDiskBeforeItsNameAndTheNameBeforeTheAnswer()
+{
+    static const QStringList steps{u"write"_s, u"fsync"_s, u"renameat"_s, u"renameat2"_s, u"fchmod"_s};
+    const auto stepsOf = [this](const QString &operation) {
+        QStringList names;
+        for (const Call &call : calls(operation)) {
+            if (steps.contains(call.name))
+                names.append(call.name);
+        }
+        return names;
+    };
+    QCOMPARE(stepsOf(u"write"_s),
+             (QStringList{u"write"_s, u"fchmod"_s, u"fsync"_s, u"renameat"_s, u"fsync"_s}));
+    QCOMPARE(stepsOf(u"create"_s), (QStringList{u"write"_s, u"fsync"_s, u"renameat2"_s, u"fsync"_s}));
+    QCOMPARE(stepsOf(u"move"_s), (QStringList{u"renameat2"_s, u"fsync"_s}));
 }
 
 void PLFileFaultsTest::theProcessMayBeKilledAtEveryCall_data()

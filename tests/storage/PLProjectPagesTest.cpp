@@ -74,6 +74,7 @@ private Q_SLOTS:
     void theBookIsListedByNumberThenTitle();
     void otherSectionsAreListedByTitle_data();
     void otherSectionsAreListedByTitle();
+    void equalTitlesAreListedByFileName();
     void onlyPagesAreListed();
     void linksToPagesAreListedAndLinksToFoldersAreNot();
     void whatCannotBeReadIsListedAndReadsAsAnError();
@@ -164,6 +165,20 @@ void PLProjectPagesTest::otherSectionsAreListedByTitle()
     for (qsizetype index = expected.size() - 1; index >= 0; --index)
         QVERIFY(PLMakeFile(path(u"Fiches/"_s + expected[index] + u".md"_s)));
     QCOMPARE(titles(PLSection::Sheets), expected);
+}
+
+void PLProjectPagesTest::equalTitlesAreListedByFileName()
+{
+    QStringList names;
+    for (int zeros = 0; zeros < 60; ++zeros) {
+        names.append(QString(zeros, u'0') + u"1 - X.md"_s);
+        QVERIFY(PLMakeFile(path(u"Livre/"_s + names.last())));
+    }
+    names.sort();
+    QStringList listed;
+    for (const PLProjectItemPointer &item : m_project->itemsInSection(PLSection::Book))
+        listed.append(item->fileURL().fileName());
+    QCOMPARE(listed, names);
 }
 
 void PLProjectPagesTest::onlyPagesAreListed()

@@ -31,10 +31,11 @@ struct Outcome
 const QByteArray oldText = "old";
 const QByteArray newText(20'000, 'n');
 
-/// The calls between the two marks of the probe.
+/// The calls between the two marks of the probe, those for memory left out: they are not about files.
 QList<Call> callsIn(const QString &log)
 {
     static const QRegularExpression callName(u"^(\\w+)\\("_s);
+    static const QStringList memoryCalls{u"brk"_s, u"madvise"_s, u"mmap"_s, u"mprotect"_s, u"munmap"_s};
     QHash<QString, int> counts;
     QList<Call> calls;
     bool isInside = false;
@@ -44,7 +45,7 @@ QList<Call> callsIn(const QString &log)
         const int count = ++counts[name];
         if (line.contains(u"/aquilane-mark"_s))
             isInside = !isInside;
-        else if (isInside && !name.isEmpty())
+        else if (isInside && !name.isEmpty() && !memoryCalls.contains(name))
             calls.append({name, count});
     }
     return calls;

@@ -14,7 +14,54 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#ifdef Q_OS_LINUX
+#include <sys/inotify.h>
+#endif
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The moves in a folder since this was made, where the system tells of them.
+class Moves final
+{
+public:
+#ifdef Q_OS_LINUX
+    explicit Moves(const QString &folder) : m_events(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        ::inotify_add_watch(m_events, QFile::encodeName(folder).constData(), IN_MOVE);
+    }
+    ~Moves()
+    {
+        ::close(m_events);
+    }
+
+    /// The old and the new name of each move, one after the other.
+    QStringList names() const
+    {
+        alignas(inotify_event) char buffer[8192];
+        const ssize_t length = ::read(m_events, buffer, sizeof buffer);
+        QStringList names;
+        for (ssize_t position = 0; position < length;) {
+            const auto *event = reinterpret_cast<const inotify_event *>(buffer + position);
+            names.append(QFile::decodeName(event->name));
+            position += ssize_t(sizeof(inotify_event) + event->len);
+        }
+        return names;
+    }
+
+private:
+    int m_events;
+#else
+    explicit Moves(const QString &) {}
+    QStringList names() const
+    {
+        return {};
+    }
+#endif
+};
+
+} // namespace
 
 class PLProjectPagesTest final : public QObject
 {
@@ -27,6 +74,7 @@ private Q_SLOTS:
     void theBookIsListedByNumberThenTitle();
     void otherSectionsAreListedByTitle_data();
     void otherSectionsAreListedByTitle();
+    void equalTitlesAreListedByFileName();
     void onlyPagesAreListed();
     void linksToPagesAreListedAndLinksToFoldersAreNot();
     void whatCannotBeReadIsListedAndReadsAsAnError();
@@ -43,6 +91,7 @@ private Q_SLOTS:
     void renamingMovesTheFile_data();
     void renamingMovesTheFile();
     void renamingToItsOwnTitleChangesNothing();
+    void renamingInAnotherCaseGoesByWayOfATemporaryName_data();
     void renamingInAnotherCaseGoesByWayOfATemporaryName();
     void renamingInTheCaseOfAnotherPageFailsAndLosesNothing();
     void renamingAPageThatIsGoneIsAnError_data();
@@ -116,6 +165,20 @@ void PLProjectPagesTest::otherSectionsAreListedByTitle()
     for (qsizetype index = expected.size() - 1; index >= 0; --index)
         QVERIFY(PLMakeFile(path(u"Fiches/"_s + expected[index] + u".md"_s)));
     QCOMPARE(titles(PLSection::Sheets), expected);
+}
+
+void PLProjectPagesTest::equalTitlesAreListedByFileName()
+{
+    QStringList names;
+    for (int zeros = 0; zeros < 60; ++zeros) {
+        names.append(QString(zeros, u'0') + u"1 - X.md"_s);
+        QVERIFY(PLMakeFile(path(u"Livre/"_s + names.last())));
+    }
+    names.sort();
+    QStringList listed;
+    for (const PLProjectItemPointer &item : m_project->itemsInSection(PLSection::Book))
+        listed.append(item->fileURL().fileName());
+    QCOMPARE(listed, names);
 }
 
 void PLProjectPagesTest::onlyPagesAreListed()
@@ -336,14 +399,34 @@ void PLProjectPagesTest::renamingToItsOwnTitleChangesNothing()
     QCOMPARE(PLNamesIn(path(u"Livre"_s)), QStringList{u"03 - A.md"_s});
 }
 
+void PLProjectPagesTest::renamingInAnotherCaseGoesByWayOfATemporaryName_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("a short name") << u"marie"_s << u"Marie"_s;
+    // It leaves no room for a temporary name with the old one in it.
+    QTest::newRow("a long name") << QString(77, u'漢') + u"é"_s << QString(77, u'漢') + u"É"_s;
+}
+
 void PLProjectPagesTest::renamingInAnotherCaseGoesByWayOfATemporaryName()
 {
-    // A name that leaves no room for a temporary name with the old one in it.
-    const QString longName = u"Fiches/"_s + QString(77, u'漢') + u"é"_s;
-    QVERIFY(PLMakeFile(path(longName + u".md"_s), "text"));
-    const auto page = PLProjectItem::itemWithURL(url(longName + u".md"_s), PLSection::Sheets);
-    QVERIFY(m_project->renameItem(*page, page->title().toUpper()));
-    QCOMPARE(PLNamesIn(path(u"Fiches"_s)), QStringList{QString(77, u'漢') + u"É.md"_s});
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    QVERIFY(PLMakeFile(path(u"Fiches/"_s + before + u".md"_s), "text"));
+    const auto page = PLProjectItem::itemWithURL(url(u"Fiches/"_s + before + u".md"_s), PLSection::Sheets);
+    const Moves moves(path(u"Fiches"_s));
+    QVERIFY(m_project->renameItem(*page, after));
+    QCOMPARE(PLNamesIn(path(u"Fiches"_s)), QStringList{after + u".md"_s});
+    QCOMPARE(PLBytesOf(path(u"Fiches/"_s + after + u".md"_s)), "text");
+
+    const QStringList names = moves.names();
+    if (names.isEmpty())
+        QSKIP("this system does not tell of moves");
+    QCOMPARE(names.size(), 4);
+    QCOMPARE(names[0], before + u".md"_s);
+    QVERIFY(names[1].startsWith(u"aquilane-"_s) && names[1].endsWith(u".tmp"_s));
+    QCOMPARE(names[2], names[1]);
+    QCOMPARE(names[3], after + u".md"_s);
 }
 
 void PLProjectPagesTest::renamingInTheCaseOfAnotherPageFailsAndLosesNothing()

@@ -25,5 +25,5 @@ build_preset()
         cmake --preset "$preset"
     fi
     say "Building build/$preset"
-    cmake --build --preset "$preset" --parallel "$(nproc 2>/dev/null || echo 2)" ${1:+--target "$@"}
+    cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }

@@ -30,6 +30,7 @@ PLNewFolderPanel::PLNewFolderPanel(const PLPanelTexts &texts, const QString &nam
     message->setTextFormat(Qt::PlainText);
 
     auto *locationButton = new QPushButton(PLDesktopString(u"Choisir le dossier…"_s));
+    locationButton->setAutoDefault(false);
     connect(locationButton, &QPushButton::clicked, this, &PLNewFolderPanel::chooseLocation);
     m_locationLabel->setTextFormat(Qt::PlainText);
     auto *locationRow = new QHBoxLayout;
@@ -42,7 +43,6 @@ PLNewFolderPanel::PLNewFolderPanel(const PLPanelTexts &texts, const QString &nam
 
     auto *buttons = new QDialogButtonBox;
     m_createButton = buttons->addButton(texts.prompt, QDialogButtonBox::AcceptRole);
-    m_createButton->setDefault(true);
     buttons->addButton(PLLocalizedString(u"Annuler"_s), QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -52,6 +52,7 @@ PLNewFolderPanel::PLNewFolderPanel(const PLPanelTexts &texts, const QString &nam
     layout->addWidget(message);
     layout->addLayout(form);
     layout->addWidget(buttons);
+    m_createButton->setDefault(true); // the dialog takes note only of a button that it holds
     setMinimumWidth(520);
     setLocation(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     m_nameField->selectAll();

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "markdown/PLBlockLine.h"
+#include "markdown/PLInlineRenderer.h"
+
+/// Renders the blocks of a page, fed line by line. Quotes are nested by a count, not by recursion: of the
+/// quotes that are open only the innermost can hold an open block, so that one page deep in quotes costs no
+/// stack.
+class PLBlockWalker final
+{
+public:
+    explicit PLBlockWalker(PLHTMLWriter *html);
+
+    void addLine(QStringView line);
+
+    /// After the last line: closes what is still open.
+    void finish();
+
+private:
+    enum class Block { None, Paragraph, BulletedList, NumberedList, EmptyCode, Code };
+
+    bool isInCode() const { return m_block == Block::EmptyCode || m_block == Block::Code; }
+    void openQuote();
+    void closeQuotesBelow(qsizetype depth);
+    void closeBlock();
+    void openBlock(Block block);
+    void addCodeLine(QStringView line);
+    void addTextLine(QStringView trimmed);
+    void addHeading(const PLBlockLine &line);
+    void addItem(Block list, QStringView text);
+    void addParagraphLine(QStringView text);
+
+    PLHTMLWriter *m_html;
+    PLInlineRenderer m_inline;
+    qsizetype m_depth = 0;       ///< how many quotes are open
+    Block m_block = Block::None; ///< what is open in the innermost
+};

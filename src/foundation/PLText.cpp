@@ -79,7 +79,8 @@ QString PLFormat(const QString &format, std::initializer_list<QString> values)
         }
         position = format.indexOf(u'%', position + qMax<qsizetype>(1, length));
     }
-    return result + QStringView(format).sliced(copied);
+    result += QStringView(format).sliced(copied);
+    return result;
 }
 
 PLTitleComparer::PLTitleComparer(const QString &localeIdentifier)

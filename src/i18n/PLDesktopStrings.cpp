@@ -33,6 +33,9 @@ constexpr PLStringPair pairs[] = {
     {u"Trop de fichiers sont ouverts.", u"Too many files are open."},
     {u"Le texte de ce fichier ne peut pas être lu : son codage est inconnu.", u"The text of this file can't be read: its encoding is unknown."},
     {u"Le système a répondu par l'erreur %@.", u"The system answered with error %@."},
+    // Panels
+    {u"Choisir le dossier…", u"Choose Folder…"},
+    {u"Dans le dossier :", u"In the folder:"},
 };
 // clang-format on
 

@@ -7,6 +7,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
+#include <QUrl>
 
 #include <optional>
 
@@ -16,23 +18,24 @@ enum class PLWriteMode {
     CreateNew, ///< fails with EEXIST if anything has that name, even if it appeared a moment ago
 };
 
-/// Writes a file of a notebook so that, whatever happens, what is on disk is the old text or the new one, whole:
-/// a hidden temporary file beside the target is written, flushed and renamed over it, then the folder flushed.
-/// True only when all of that has succeeded. A symbolic link is followed and kept, the permissions are kept, what
-/// is not a regular file is never replaced. On failure the old file stands and no temporary file is left.
+/// Writes a file of a notebook so that, whatever happens, what is on disk is the old text or the new one,
+/// whole: a hidden temporary file beside the target is written, flushed and renamed over it, then the folder
+/// flushed. True only when all of that has succeeded. A symbolic link is followed and kept, the permissions
+/// are kept, what is not a regular file is never replaced. On failure the old file stands and no temporary
+/// file is left.
 [[nodiscard]] bool PLWriteFile(const QString &path, const QByteArray &data, PLWriteMode mode,
                                PLError *error = nullptr);
 
 /// The largest file that is read, in bytes; a larger one is an error, at once.
 inline constexpr qint64 PLLargestFileSize = 256LL * 1024 * 1024;
 
-/// The bytes of a regular file. A folder, a FIFO, a device, a loop of links or a file above PLLargestFileSize is
-/// an error, never a wait. `limit`, if not negative, stops the reading after that many bytes.
+/// The bytes of a regular file. A folder, a FIFO, a device, a loop of links or a file above PLLargestFileSize
+/// is an error, never a wait. `limit`, if not negative, stops the reading after that many bytes.
 [[nodiscard]] std::optional<QByteArray> PLReadFile(const QString &path, PLError *error = nullptr,
                                                    qint64 limit = -1);
 
 /// Renames a file, in its folder or to another one of the same disk, and flushes the folders. Never takes the
-/// place of a file that is there: that is EEXIST.
+/// place of a file that is there: that is EEXIST. After a failure the file has its old name.
 [[nodiscard]] bool PLMoveFile(const QString &from, const QString &to, PLError *error = nullptr);
 
 /// Creates a folder and those above it, and flushes their parents. No error if it is there already.
@@ -41,12 +44,24 @@ inline constexpr qint64 PLLargestFileSize = 256LL * 1024 * 1024;
 /// True if anything has this name, a dangling symbolic link too.
 bool PLSomethingExistsAt(const QString &path);
 
+/// The names of what a folder holds, hidden ones too, except folders and links to folders; in no order, empty
+/// if the folder cannot be read. A name that is not valid Unicode is left out, since no path could reach that
+/// file.
+QStringList PLFileNamesInFolder(const QString &folder);
+
+/// The path of a file URL without "." and "..", double slashes and a slash at the end: what paths are
+/// compared by.
+QString PLStandardizedPath(const QUrl &url);
+
 /// Deletes the temporary files that a crash of PLWriteFile left in this folder. Never touches a page.
 void PLSweepTemporaryFiles(const QString &folder);
 
-/// Reads text of any encoding: UTF-8 if it is that throughout, UTF-16 if it begins with its mark (an error if it
-/// is then broken), else Windows-1252. The result keeps every character, a leading U+FEFF too.
+/// Reads text of any encoding: UTF-8 if it is that throughout, UTF-16 if it begins with its mark (an error if
+/// it is then broken), else Windows-1252. The result keeps every character, a leading U+FEFF too.
 [[nodiscard]] std::optional<QString> PLDecodedText(const QByteArray &bytes, PLError *error = nullptr);
+
+/// Reads text that has to be UTF-8, keeping a leading U+FEFF. An error (EILSEQ) if one byte is wrong.
+[[nodiscard]] std::optional<QString> PLDecodedUTF8(const QByteArray &bytes, PLError *error = nullptr);
 
 /// The error for an errno value: PLFileErrorDomain, the number, a sentence in the interface language.
 PLError PLFileError(int errorNumber);

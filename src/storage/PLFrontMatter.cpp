@@ -13,7 +13,8 @@ constexpr QStringView closingFence = u"\n---";
 /// The index of the line feed before the closing "---", -1 if the header is never closed.
 qsizetype closingFenceIndex(const QString &text)
 {
-    qsizetype from = openingFence.size() - 1; // the opening fence's line feed, so that an empty header is found
+    // From the opening fence's line feed, so that an empty header is found.
+    qsizetype from = openingFence.size() - 1;
     while (from < text.size()) {
         const qsizetype found = text.indexOf(closingFence, from);
         if (found < 0)

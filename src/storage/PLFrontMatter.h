@@ -8,8 +8,8 @@
 #include <QStringList>
 
 /// Splits a page into its header of "key: value" lines fenced by "---" and its body, and puts them together.
-/// Simpler than YAML on purpose: one value a line, no quoting, no nesting. Neither operation fails: a text that
-/// breaks a rule of the header is all body.
+/// Simpler than YAML on purpose: one value a line, no quoting, no nesting. Neither operation fails: a text
+/// that breaks a rule of the header is all body.
 class PLFrontMatter final
 {
 public:
@@ -21,6 +21,7 @@ public:
     /// else is changed), `keys` the keys in order of first appearance.
     static Fields fieldsFromString(const QString &text, QString *body = nullptr, QStringList *keys = nullptr);
 
-    /// The file text: one line for each of `keys` (line ends in a value become spaces), a blank line, the body.
+    /// The file text: one line for each of `keys` (line ends in a value become spaces), a blank line, the
+    /// body.
     static QString stringWithKeys(const QStringList &keys, const Fields &values, const QString &body);
 };

@@ -69,8 +69,8 @@ public:
     QUrl availableURLInFolder(const QUrl &folder, const QString &title, qint64 number, PLSection section,
                               const QUrl &ignoringURL) const;
     /// A new page with the section's template; null with the error. Without a title it gets the default one.
-    [[nodiscard]] PLProjectItemPointer createItemInSection(PLSection section, const QString &title = QString(),
-                                                           PLError *error = nullptr) const;
+    [[nodiscard]] PLProjectItemPointer
+    createItemInSection(PLSection section, const QString &title = QString(), PLError *error = nullptr) const;
     /// Renames the file and updates the item. A chapter keeps its number.
     [[nodiscard]] bool renameItem(PLProjectItem &item, const QString &title, PLError *error = nullptr) const;
     [[nodiscard]] bool trashItem(const PLProjectItem &item, PLError *error = nullptr) const;

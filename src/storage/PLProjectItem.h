@@ -53,10 +53,10 @@ public:
     QString debugDescription() const;
 
 private:
-    PLProjectItem() = default;
+    explicit PLProjectItem(PLSection section) : m_section(section) {}
 
     QUrl m_fileURL;
-    PLSection m_section = PLSection::Book;
+    PLSection m_section;
     qint64 m_number = 0;
     QString m_title;
 };

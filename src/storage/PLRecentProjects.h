@@ -7,8 +7,8 @@
 #include <QStringList>
 #include <QUrl>
 
-/// The known notebooks, most recently opened first, at most 15, kept in the preferences under "PLRecentProjects".
-/// Nothing is cached: every call reads the preferences.
+/// The known notebooks, most recently opened first, at most 15, kept in the preferences under
+/// "PLRecentProjects". Nothing is cached: every call reads the preferences.
 class PLRecentProjects final
 {
 public:

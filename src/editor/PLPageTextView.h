@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "editor/PLPageCharacters.h"
+#include "platform/PLCommand.h"
+
+#include <QTextEdit>
+
+#include <memory>
+
+/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane, with a
+/// thin margin rule on its left. It gives back every character of the text it was given.
+class PLPageTextView final : public QTextEdit, public PLCommandHandler
+{
+    Q_OBJECT
+
+public:
+    explicit PLPageTextView(QWidget *parent = nullptr);
+    ~PLPageTextView() override;
+
+    /// Loads a page; undo does not reach back before it, and textDidChange is not sent. Line ends are "\n".
+    void setPageText(const QString &text);
+    QString pageText() const;
+
+    /// The inset on each side, in points, of a page this wide: the column is centred, with at least 44.
+    static int horizontalInsetForWidth(int width);
+    /// Where the margin rule stands for such an inset, nothing if there is no room for it.
+    static std::optional<int> marginRuleForInset(int inset);
+
+    std::optional<PLCommandState> stateOfCommand(PLCommand command, int tag) const override;
+    void performCommand(PLCommand command, int tag) override;
+
+Q_SIGNALS:
+    /// The writer has changed the text; loading a page does not count.
+    void textDidChange();
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    QMimeData *createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData *source) const override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    void applyColors();
+    void updateInset();
+    void drawMargins();
+    bool forwardMarginEvent(QEvent *event);
+    void insertParagraph();
+    void insertPageText(const QString &text);
+
+    std::unique_ptr<PLPageCharacters> m_characters;
+    int m_inset = 0;
+    bool m_loading = false;
+};

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLPageCommands.h"
+
+#include "editor/PLEditorView.h"
+#include "foundation/PLText.h"
+#include "i18n/PLLocalization.h"
+#include "notebook_window/PLPageSession.h"
+#include "notebook_window/PLSidebarController.h"
+#include "notebook_window/PLSidebarView.h"
+#include "platform/PLAlert.h"
+#include "platform/PLReveal.h"
+#include "storage/PLProject.h"
+
+#include <QApplication>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+PLPageCommands::PLPageCommands(const Parts &parts, QObject *parent)
+    : QObject(parent)
+    , m_parts(parts)
+{
+}
+
+void PLPageCommands::createItemInSection(PLSection section)
+{
+    m_parts.session.saveCurrentItem();
+    PLError error;
+    const PLProjectItemPointer item = m_parts.project.createItemInSection(section, QString(), &error);
+    if (!item)
+        return PLAlert::presentError(error, &m_parts.window);
+    m_parts.sidebar.reloadSidebarSelectingURL(item->fileURL(), PLSection::None);
+    m_parts.sidebar.editTitleOfNode(m_parts.sidebar.selectedNode());
+}
+
+void PLPageCommands::renameItemOfNode(const PLSidebarNode *node)
+{
+    const PLProjectItemPointer item = targetItemForNode(node);
+    if (item)
+        m_parts.sidebar.editTitleOfNode(m_parts.sidebar.tree().sectionItemForURL(item->fileURL()));
+}
+
+void PLPageCommands::trashItemOfNode(const PLSidebarNode *node)
+{
+    const PLProjectItemPointer item = targetItemForNode(node);
+    if (!item)
+        return QApplication::beep();
+    if (!confirmTrash(*item))
+        return;
+    if (item->isSameFileAsItem(m_parts.session.currentItem().get()))
+        m_parts.session.closeItem();
+    PLError error;
+    if (!m_parts.project.trashItem(*item, &error))
+        PLAlert::presentError(error, &m_parts.window);
+    m_parts.sidebar.reloadSidebarSelectingURL(QUrl(), item->section());
+}
+
+void PLPageCommands::revealNode(const PLSidebarNode *node) const
+{
+    if (const PLProjectItemPointer item = PLItemOfNode(node))
+        return PLRevealInFileManager(item->fileURL());
+    if (node && node->kind() == PLSidebarNode::Kind::Section) {
+        const auto &section = static_cast<const PLSidebarSection &>(*node);
+        if (!section.isTagSection)
+            return PLRevealInFileManager(m_parts.project.URLForSection(section.section));
+    }
+    PLRevealInFileManager(m_parts.project.folderURL());
+}
+
+PLProjectItemPointer PLPageCommands::targetItemForNode(const PLSidebarNode *node) const
+{
+    const PLProjectItemPointer item = PLItemOfNode(node);
+    if (!item || node->kind() == PLSidebarNode::Kind::Page)
+        return item;
+    const PLSidebarPage *page = m_parts.sidebar.tree().sectionItemForURL(item->fileURL());
+    return page ? page->item : item;
+}
+
+void PLPageCommands::endTitleEditing(const PLProjectItemPointer &item, const QString &typedTitle)
+{
+    const QString title = PLTrimmedSpacesAndNewlines(typedTitle).toString();
+    if (title.isEmpty() || title == item->title())
+        return focusTextIfEditing(item);
+    const bool isCurrent = item->isSameFileAsItem(m_parts.session.currentItem().get());
+    if (isCurrent && !m_parts.session.saveCurrentItem())
+        return;
+    PLError error;
+    if (!m_parts.project.renameItem(*item, title, &error))
+        return PLAlert::presentError(error, &m_parts.window);
+    if (isCurrent)
+        m_parts.session.setCurrentItem(item);
+    Q_EMIT currentItemRenamed();
+    // Not now: the row's field is still closing.
+    QMetaObject::invokeMethod(this, [this, item] { finishRename(item); }, Qt::QueuedConnection);
+}
+
+void PLPageCommands::focusTextIfEditing(const PLProjectItemPointer &item) const
+{
+    if (item->isSameFileAsItem(m_parts.session.currentItem().get()))
+        m_parts.editor.setFocus();
+}
+
+void PLPageCommands::showContextMenu(const PLSidebarNode *node, const QPoint &globalPosition)
+{
+    const bool isPage = targetItemForNode(node) != nullptr;
+    QMenu menu(&m_parts.window);
+    QAction *rename = menu.addAction(PLLocalizedString(u"Renommer"_s));
+    rename->setEnabled(isPage);
+    QAction *reveal = menu.addAction(PLLocalizedString(u"Afficher dans le Finder"_s));
+    menu.addSeparator();
+    QAction *trash = menu.addAction(PLLocalizedString(u"Mettre à la corbeille"_s));
+    trash->setEnabled(isPage);
+    const QAction *chosen = menu.exec(globalPosition);
+    if (chosen == rename)
+        renameItemOfNode(node);
+    else if (chosen == reveal)
+        revealNode(node);
+    else if (chosen == trash)
+        trashItemOfNode(node);
+}
+
+bool PLPageCommands::confirmTrash(const PLProjectItem &item) const
+{
+    PLAlert alert;
+    alert.message = PLFormat(PLLocalizedString(u"Mettre « %@ » à la corbeille ?"_s), {item.title()});
+    alert.informativeText = PLLocalizedString(
+        u"Le fichier sera déplacé dans la corbeille. Vous pourrez l'y récupérer tant qu'elle n'a pas été vidée."_s);
+    alert.buttons = {PLLocalizedString(u"Mettre à la corbeille"_s), PLLocalizedString(u"Annuler"_s)};
+    return alert.runModal() == PLAlert::FirstButton;
+}
+
+void PLPageCommands::finishRename(const PLProjectItemPointer &item)
+{
+    m_parts.sidebar.reloadSidebarSelectingURL(item->fileURL(), PLSection::None);
+    focusTextIfEditing(item);
+}

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLPageSession.h"
+
+#include "editor/PLEditorView.h"
+#include "editor/PLPageTextView.h"
+#include "foundation/PLText.h"
+#include "i18n/PLLocalization.h"
+#include "platform/PLAlert.h"
+
+#include <QFileInfo>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto autosaveDelay = 2000ms;
+constexpr QChar byteOrderMark(0xFEFF);
+
+} // namespace
+
+PLPageSession::PLPageSession(PLEditorView &editor, QObject *parent)
+    : QObject(parent)
+    , m_editor(editor)
+{
+    m_saveTimer.setSingleShot(true);
+    m_saveTimer.setInterval(autosaveDelay);
+    connect(&m_saveTimer, &QTimer::timeout, this, [this] { saveCurrentItem(); });
+    connect(editor.textView(), &PLPageTextView::textDidChange, this, &PLPageSession::contentDidChange);
+}
+
+PLPageSession::~PLPageSession() = default;
+
+bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
+{
+    QString contents = item->readContents(error);
+    if (contents.isNull()) {
+        closeItem();
+        return false;
+    }
+    m_leadingMark = contents.startsWith(byteOrderMark) ? QString(byteOrderMark) : QString();
+    contents.remove(0, m_leadingMark.size());
+    QString body;
+    m_currentFields = PLFrontMatter::fieldsFromString(contents, &body, &m_currentKeys);
+    m_saveTimer.stop();
+    m_currentItem = item;
+    m_editor.setText(body, QUrl::fromLocalFile(QFileInfo(item->fileURL().toLocalFile()).absolutePath() + u'/'));
+    m_editor.setTags(PLProjectItem::tagsFromString(m_currentFields.value(u"tags"_s)));
+    setDirty(false);
+    return true;
+}
+
+void PLPageSession::setCurrentItem(const PLProjectItemPointer &item)
+{
+    m_currentItem = item;
+}
+
+void PLPageSession::closeItem()
+{
+    m_saveTimer.stop();
+    m_currentItem = nullptr;
+    setDirty(false);
+}
+
+void PLPageSession::contentDidChange()
+{
+    if (!m_currentItem)
+        return;
+    setDirty(true);
+    m_saveTimer.start();
+}
+
+bool PLPageSession::saveCurrentItem(SaveFailure failure)
+{
+    m_saveTimer.stop();
+    if (!m_currentItem || !m_dirty)
+        return true;
+    if (m_saving)
+        return false;
+    m_saving = true;
+    PLError error;
+    const bool written = m_currentItem->writeContents(composedFileContents(), &error);
+    if (written)
+        setDirty(false);
+    else if (failure == SaveFailure::Tell)
+        tellSaveFailure(error);
+    m_saving = false;
+    return written;
+}
+
+void PLPageSession::saveDocument()
+{
+    setDirty(m_currentItem != nullptr);
+    saveCurrentItem();
+}
+
+bool PLPageSession::haveTagsChanged() const
+{
+    const QStringList before = PLProjectItem::tagsFromString(m_currentFields.value(u"tags"_s));
+    return PLProjectItem::stringFromTags(before) != PLProjectItem::stringFromTags(m_editor.tags());
+}
+
+bool PLPageSession::saveChangedTags()
+{
+    if (!m_currentItem || !haveTagsChanged())
+        return false;
+    setDirty(true);
+    return saveCurrentItem();
+}
+
+QString PLPageSession::composedFileContents()
+{
+    const QStringList tags = m_editor.tags();
+    if (!tags.isEmpty() && !m_currentKeys.contains(u"tags"))
+        m_currentKeys.append(u"tags"_s);
+    m_currentFields.insert(u"tags"_s, PLProjectItem::stringFromTags(tags));
+    const QString body = m_editor.text();
+    if (m_currentKeys.isEmpty())
+        return m_leadingMark + body;
+    return m_leadingMark + PLFrontMatter::stringWithKeys(m_currentKeys, m_currentFields, body);
+}
+
+void PLPageSession::setDirty(bool dirty)
+{
+    if (dirty == m_dirty)
+        return;
+    m_dirty = dirty;
+    Q_EMIT dirtyChanged(dirty);
+}
+
+void PLPageSession::tellSaveFailure(const PLError &error) const
+{
+    PLAlert alert;
+    alert.message = PLFormat(PLLocalizedString(u"Impossible d'enregistrer « %@ »"_s), {m_currentItem->title()});
+    alert.informativeText = PLFormat(PLLocalizedString(u"%@\n\nSi le carnet est sur une clé USB, vérifiez qu'elle est bien branchée. Votre texte reste affiché tant que la fenêtre est ouverte."_s),
+                                     {error.message});
+    alert.runModal();
+}

@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLProjectWindowController.h"
+
+#include "editor/PLEditorView.h"
+#include "foundation/PLText.h"
+#include "i18n/PLLocalization.h"
+#include "notebook_window/PLMakeLabel.h"
+#include "notebook_window/PLPageCommands.h"
+#include "notebook_window/PLPageSession.h"
+#include "notebook_window/PLPaperView.h"
+#include "notebook_window/PLPlaceholderText.h"
+#include "notebook_window/PLSidebarController.h"
+#include "notebook_window/PLSidebarView.h"
+#include "platform/PLAlert.h"
+#include "storage/PLProject.h"
+#include "theme/PLTheme.h"
+
+#include <QSplitter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize contentSize(1100, 720);
+constexpr QSize smallestSize(780, 440);
+constexpr int sidebarWidth = 240;
+constexpr int smallestSidebarWidth = 170;
+constexpr int largestSidebarWidth = 420;
+constexpr int smallestPageWidth = 320;
+constexpr int dividerWidth = 1;
+
+std::optional<PLSection> sectionOfCommand(PLCommand command)
+{
+    switch (command) {
+    case PLCommand::NewChapter:
+        return PLSection::Book;
+    case PLCommand::NewCharacter:
+        return PLSection::Characters;
+    case PLCommand::NewPlace:
+        return PLSection::Places;
+    case PLCommand::NewSheet:
+        return PLSection::Sheets;
+    case PLCommand::NewNote:
+        return PLSection::Notes;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+PLProjectWindowController::PLProjectWindowController(std::unique_ptr<PLProject> project)
+    : m_project(std::move(project))
+    , m_window(std::make_unique<PLWindow>(this))
+    , m_sidebar(std::make_unique<PLSidebarController>(*m_project))
+{
+    buildWindow();
+    connectParts();
+    m_sidebar->reloadSidebarSelectingURL(QUrl(), PLSection::None);
+    m_sidebar->selectFirstChapter();
+}
+
+PLProjectWindowController::~PLProjectWindowController()
+{
+    m_window->forgetDelegate();
+    // The views go with the window; nothing of theirs may call back into what is being taken down.
+    m_pageCommands.reset();
+    m_session.reset();
+    m_sidebar.reset();
+}
+
+void PLProjectWindowController::showWindow()
+{
+    m_window->makeKeyAndOrderFront();
+}
+
+bool PLProjectWindowController::saveCurrentItem()
+{
+    return m_session->saveCurrentItem();
+}
+
+bool PLProjectWindowController::saveCurrentItemQuietly()
+{
+    return m_session->saveCurrentItem(PLPageSession::SaveFailure::KeepQuiet);
+}
+
+void PLProjectWindowController::refreshSidebar()
+{
+    const PLProjectItemPointer &current = m_session->currentItem();
+    m_sidebar->refreshSidebar(current ? current->fileURL() : QUrl());
+}
+
+bool PLProjectWindowController::windowShouldClose()
+{
+    if (saveCurrentItem())
+        return true;
+    PLAlert alert;
+    alert.message = PLLocalizedString(u"Fermer sans enregistrer ?"_s);
+    alert.informativeText =
+        PLLocalizedString(u"Les dernières modifications de cette page n'ont pas pu être enregistrées."_s);
+    alert.buttons = {PLLocalizedString(u"Ne pas fermer"_s), PLLocalizedString(u"Fermer quand même"_s)};
+    alert.escapeButton = PLAlert::FirstButton;
+    return alert.runModal() == PLAlert::SecondButton;
+}
+
+void PLProjectWindowController::windowWillClose()
+{
+    m_session->closeItem();
+    Q_EMIT PLProjectWindowWillCloseNotification(this);
+}
+
+void PLProjectWindowController::windowDidBecomeKey()
+{
+    if (!m_sidebar->isEditingTitle() && !m_sidebar->tree().isEmpty())
+        refreshSidebar();
+}
+
+void PLProjectWindowController::windowDidResignKey()
+{
+    saveCurrentItem();
+}
+
+std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
+{
+    if (sectionOfCommand(command))
+        return PLCommandState{};
+    switch (command) {
+    case PLCommand::RenameSelectedItem:
+    case PLCommand::TrashSelectedItem:
+        return PLCommandState{m_pageCommands->targetItemForNode(m_sidebar->selectedNode()) != nullptr};
+    case PLCommand::RevealInFinder:
+        return PLCommandState{};
+    case PLCommand::SaveDocument:
+        return PLCommandState{m_session->currentItem() != nullptr};
+    default:
+        return std::nullopt;
+    }
+}
+
+void PLProjectWindowController::performCommand(PLCommand command, int)
+{
+    if (const auto section = sectionOfCommand(command))
+        return m_pageCommands->createItemInSection(*section);
+    if (command == PLCommand::RenameSelectedItem)
+        m_pageCommands->renameItemOfNode(m_sidebar->selectedNode());
+    else if (command == PLCommand::TrashSelectedItem)
+        m_pageCommands->trashItemOfNode(m_sidebar->selectedNode());
+    else if (command == PLCommand::RevealInFinder)
+        m_pageCommands->revealNode(m_sidebar->selectedNode());
+    else if (command == PLCommand::SaveDocument)
+        m_session->saveDocument();
+}
+
+void PLProjectWindowController::buildWindow()
+{
+    m_window->setController(this);
+    m_window->setMinimumSize(smallestSize);
+    m_window->resize(contentSize);
+    m_splitView = new QSplitter(Qt::Horizontal);
+    m_splitView->setHandleWidth(dividerWidth);
+    m_splitView->setChildrenCollapsible(false);
+    m_splitView->addWidget(buildSidebar());
+    m_splitView->addWidget(buildEditor());
+    m_splitView->setStretchFactor(0, 0);
+    m_splitView->setStretchFactor(1, 1);
+    m_splitView->setSizes({sidebarWidth, contentSize.width() - sidebarWidth - dividerWidth});
+    m_window->setCentralWidget(m_splitView);
+
+    const QString folder = m_project->folderURL().toLocalFile();
+    m_window->setWindowFilePath(folder);
+    m_window->center();
+    m_window->setFrameAutosaveName(u"PLProject "_s + folder);
+}
+
+QWidget *PLProjectWindowController::buildSidebar()
+{
+    PLSidebarView *view = m_sidebar->view();
+    view->setMinimumWidth(smallestSidebarWidth);
+    view->setMaximumWidth(largestSidebarWidth);
+    return view;
+}
+
+QWidget *PLProjectWindowController::buildEditor()
+{
+    m_paperView = new PLPaperView;
+    m_paperView->setMinimumWidth(smallestPageWidth);
+    m_editorView = new PLEditorView;
+    m_placeholderLabel = PLMakeLabel(PLTheme::sidebarFont(), PLTheme::faintInkColor());
+    m_placeholderLabel->setAlignment(Qt::AlignCenter);
+    m_placeholderLabel->setWordWrap(true);
+    m_placeholderLabel->setContentsMargins(20, 0, 20, 0);
+    auto *layout = new QVBoxLayout(m_paperView);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_editorView);
+    layout->addWidget(m_placeholderLabel);
+    return m_paperView;
+}
+
+void PLProjectWindowController::connectParts()
+{
+    m_session = std::make_unique<PLPageSession>(*m_editorView);
+    m_pageCommands = std::make_unique<PLPageCommands>(
+        PLPageCommands::Parts{*m_project, *m_sidebar, *m_session, *m_editorView, *m_window});
+    connect(m_session.get(), &PLPageSession::dirtyChanged, m_window.get(), &QWidget::setWindowModified);
+    connect(m_pageCommands.get(), &PLPageCommands::currentItemRenamed, this,
+            &PLProjectWindowController::updateWindowTitle);
+    connectSidebar();
+}
+
+void PLProjectWindowController::connectSidebar()
+{
+    PLSidebarController *sidebar = m_sidebar.get();
+    PLSidebarView *view = sidebar->view();
+    PLPageCommands *commands = m_pageCommands.get();
+    connect(sidebar, &PLSidebarController::selectionChanged, this, &PLProjectWindowController::selectionChanged);
+    connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
+    connect(sidebar, &PLSidebarController::titleEditingCancelled, commands, &PLPageCommands::focusTextIfEditing);
+    connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
+    connect(view, &PLSidebarView::renameRequested, commands,
+            [=] { commands->renameItemOfNode(sidebar->selectedNode()); });
+    connect(view, &PLSidebarView::trashRequested, commands,
+            [=] { commands->trashItemOfNode(sidebar->selectedNode()); });
+    connect(view, &QTreeView::doubleClicked, commands,
+            [=](const QModelIndex &index) { commands->focusTextIfEditing(PLItemOfNode(sidebar->nodeForIndex(index))); });
+    connect(view, &PLSidebarView::contextMenuRequested, commands,
+            [=](const QModelIndex &index, const QPoint &position) {
+                const PLSidebarNode *clicked = sidebar->nodeForIndex(index);
+                commands->showContextMenu(clicked ? clicked : sidebar->selectedNode(), position);
+            });
+}
+
+void PLProjectWindowController::selectionChanged()
+{
+    const PLSidebarNode *node = m_sidebar->selectedNode();
+    if (const PLProjectItemPointer item = PLItemOfNode(node))
+        return openSelectedItem(item);
+    m_session->saveCurrentItem();
+    m_session->closeItem();
+    if (node && node->kind() == PLSidebarNode::Kind::Tag)
+        m_sidebar->expandNode(node);
+    m_placeholderLabel->setText(PLPlaceholderText(node));
+    showPlaceholder(true);
+    updateWindowTitle();
+}
+
+void PLProjectWindowController::openSelectedItem(const PLProjectItemPointer &item)
+{
+    if (item->isSameFileAsItem(m_session->currentItem().get())) {
+        m_session->setCurrentItem(item);
+        return updateWindowTitle();
+    }
+    m_session->saveCurrentItem();
+    PLError error;
+    const bool opened = m_session->openItem(item, &error);
+    showPlaceholder(!opened);
+    updateWindowTitle();
+    if (!opened)
+        PLAlert::presentError(error, m_window.get());
+}
+
+void PLProjectWindowController::showPlaceholder(bool visible)
+{
+    m_editorView->setVisible(!visible);
+    m_placeholderLabel->setVisible(visible);
+}
+
+void PLProjectWindowController::updateWindowTitle()
+{
+    const PLProjectItemPointer &item = m_session->currentItem();
+    const QString title =
+        item ? PLFormat(u"%@ — %@"_s, {m_project->title(), item->title()}) : m_project->title();
+    // Qt puts its mark of an edited window where "[*]" stands; one of the writer's own is doubled.
+    m_window->setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s) + u"[*]");
+}

@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLSidebarController.h"
+
+#include "notebook_window/PLSidebarRowDelegate.h"
+#include "notebook_window/PLSidebarView.h"
+#include "storage/PLProject.h"
+
+#include <QScopedValueRollback>
+
+using Kind = PLSidebarNode::Kind;
+
+PLSidebarController::PLSidebarController(const PLProject &project, QObject *parent)
+    : QObject(parent)
+    , m_project(project)
+    , m_view(new PLSidebarView)
+    , m_rowDelegate(new PLSidebarRowDelegate(this))
+{
+    m_view->setModel(&m_model);
+    m_view->setItemDelegate(m_rowDelegate);
+    connect(m_view, &QTreeView::expanded, this, [this](const QModelIndex &index) { rememberExpansion(index, true); });
+    connect(m_view, &QTreeView::collapsed, this, [this](const QModelIndex &index) { rememberExpansion(index, false); });
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!m_reloading)
+            Q_EMIT selectionChanged();
+    });
+    connect(m_rowDelegate, &PLSidebarRowDelegate::editingBegan, this, &PLSidebarController::titleEditingBegan);
+    connect(m_rowDelegate, &PLSidebarRowDelegate::editingEnded, this, &PLSidebarController::titleEditingEnded);
+    connect(m_rowDelegate, &PLSidebarRowDelegate::titleTyped, this, [this](const QModelIndex &, const QString &title) {
+        const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
+        m_editingTitle = false;
+        if (item)
+            Q_EMIT titleTyped(item, title);
+    });
+}
+
+PLSidebarController::~PLSidebarController()
+{
+    m_rowDelegate->disconnect(this);
+    if (m_view->selectionModel())
+        m_view->selectionModel()->disconnect(this);
+    m_view->disconnect(this);
+}
+
+PLSidebarNode *PLSidebarController::selectedNode() const
+{
+    const QModelIndexList selected = m_view->selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? nullptr : m_model.nodeForIndex(selected.constFirst());
+}
+
+void PLSidebarController::reloadSidebarData()
+{
+    auto tree = std::make_unique<PLSidebarTree>(m_project);
+    const QScopedValueRollback reloading(m_reloading, true);
+    m_model.setTree(std::move(tree));
+    expandSectionsAndKnownTags();
+}
+
+void PLSidebarController::selectSidebarObject(const PLSidebarNode *node)
+{
+    {
+        const QScopedValueRollback reloading(m_reloading, true);
+        const QModelIndex index = m_model.indexForNode(node);
+        if (index.isValid() && isInSight(index)) {
+            m_view->setCurrentIndex(index);
+            m_view->scrollTo(index);
+        } else {
+            m_view->selectionModel()->clear();
+        }
+    }
+    Q_EMIT selectionChanged();
+}
+
+void PLSidebarController::reloadSidebarSelectingURL(const QUrl &fileURL, PLSection section)
+{
+    reloadSidebarData();
+    const PLSidebarNode *target = tree().sectionItemForURL(fileURL);
+    selectSidebarObject(target ? target : tree().section(section));
+}
+
+void PLSidebarController::refreshSidebar(const QUrl &currentURL)
+{
+    auto newTree = std::make_unique<PLSidebarTree>(m_project);
+    const PLSidebarNode *selected = selectedNode();
+    // The old tree goes away with its nodes, so the new target is looked up before.
+    const PLSidebarNode *target = selected ? equivalentOf(*selected, *newTree) : nullptr;
+    if (!target)
+        target = newTree->sectionItemForURL(currentURL);
+    {
+        const QScopedValueRollback reloading(m_reloading, true);
+        m_model.setTree(std::move(newTree));
+        expandSectionsAndKnownTags();
+    }
+    selectSidebarObject(target);
+}
+
+void PLSidebarController::selectFirstChapter()
+{
+    reloadSidebarData();
+    const PLSidebarSection *book = tree().section(PLSection::Book);
+    const bool hasPages = book && book->childCount() > 0;
+    const QUrl first = hasPages ? PLItemOfNode(book->children().front().get())->fileURL() : QUrl();
+    reloadSidebarSelectingURL(first, hasPages ? PLSection::None : PLSection::Book);
+}
+
+void PLSidebarController::expandNode(const PLSidebarNode *node)
+{
+    m_view->expand(m_model.indexForNode(node));
+}
+
+void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
+{
+    const QModelIndex index = m_model.indexForNode(node);
+    if (!index.isValid() || !isInSight(index))
+        return;
+    m_view->setCurrentIndex(index);
+    m_titleItem = PLItemOfNode(selectedNode());
+    m_view->setFocus();
+    m_view->edit(m_view->currentIndex());
+}
+
+void PLSidebarController::rememberExpansion(const QModelIndex &index, bool isExpanded)
+{
+    const PLSidebarNode *node = m_model.nodeForIndex(index);
+    if (m_reloading || !node || node->kind() != Kind::Tag)
+        return;
+    const QString key = static_cast<const PLSidebarTag *>(node)->name.toLower();
+    if (isExpanded)
+        m_expandedTags.insert(key);
+    else
+        m_expandedTags.remove(key);
+}
+
+void PLSidebarController::expandSectionsAndKnownTags()
+{
+    for (const auto &section : tree().root()->children())
+        m_view->expand(m_model.indexForNode(section.get()));
+    const PLSidebarSection *tags = tree().tagSection();
+    for (size_t index = 0; tags && index < tags->children().size(); ++index) {
+        const auto *tag = static_cast<const PLSidebarTag *>(tags->children()[index].get());
+        if (m_expandedTags.contains(tag->name.toLower()))
+            m_view->expand(m_model.indexForNode(tag));
+    }
+}
+
+bool PLSidebarController::isInSight(const QModelIndex &index) const
+{
+    for (QModelIndex parent = index.parent(); parent.isValid(); parent = parent.parent()) {
+        if (!m_view->isExpanded(parent))
+            return false;
+    }
+    return true;
+}
+
+/// The row of the new tree that means what this one of the old tree means, null if there is none.
+const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node, const PLSidebarTree &newTree) const
+{
+    switch (node.kind()) {
+    case Kind::Reference: {
+        const auto &reference = static_cast<const PLTagReference &>(node);
+        const PLSidebarTag *tag = newTree.sidebarTagNamed(reference.parentTagName);
+        for (size_t index = 0; tag && index < tag->children().size(); ++index) {
+            const PLSidebarNode *candidate = tag->children()[index].get();
+            if (PLItemOfNode(candidate)->isSameFileAsItem(reference.referencedItem.get()))
+                return candidate;
+        }
+        return newTree.sectionItemForURL(reference.referencedItem->fileURL());
+    }
+    case Kind::Tag: {
+        const PLSidebarTag *tag = newTree.sidebarTagNamed(static_cast<const PLSidebarTag &>(node).name);
+        return tag ? static_cast<const PLSidebarNode *>(tag) : newTree.tagSection();
+    }
+    case Kind::Section: {
+        const auto &section = static_cast<const PLSidebarSection &>(node);
+        return section.isTagSection ? newTree.tagSection() : newTree.section(section.section);
+    }
+    case Kind::Page:
+        break;
+    }
+    return newTree.sectionItemForURL(PLItemOfNode(&node)->fileURL());
+}
+
+void PLSidebarController::titleEditingBegan()
+{
+    m_editingTitle = true;
+}
+
+/// Escape leaves the field without a word to the model, so the end of the editor is what is waited for.
+void PLSidebarController::titleEditingEnded()
+{
+    m_editingTitle = false;
+    const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
+    if (item)
+        Q_EMIT titleEditingCancelled(item);
+}

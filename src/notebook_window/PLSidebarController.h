@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "notebook_window/PLSidebarModel.h"
+
+#include <QSet>
+
+class PLProject;
+class PLSidebarRowDelegate;
+class PLSidebarView;
+
+/// Keeps the sidebar in step with the disk: rebuilds it, remembers which tags are open, and puts the selection
+/// back on the row that means the same.
+class PLSidebarController final : public QObject
+{
+    Q_OBJECT
+
+public:
+    PLSidebarController(const PLProject &project, QObject *parent = nullptr);
+    ~PLSidebarController() override;
+
+    /// The widget to put into the window; its parent owns it.
+    PLSidebarView *view() const { return m_view; }
+    PLSidebarRowDelegate *rowDelegate() const { return m_rowDelegate; }
+    const PLSidebarTree &tree() const { return m_model.tree(); }
+    const QStringList &allTags() const { return tree().allTags(); }
+
+    /// Null when no row is selected.
+    PLSidebarNode *selectedNode() const;
+    PLSidebarNode *nodeForIndex(const QModelIndex &index) const { return m_model.nodeForIndex(index); }
+    bool isEditingTitle() const { return m_editingTitle; }
+
+    /// Reads the notebook again. All sections are open then, and the tags the writer had opened.
+    void reloadSidebarData();
+    /// Selects a row, or nothing for null or a row that is not in sight, then tells selectionChanged once.
+    void selectSidebarObject(const PLSidebarNode *node);
+    /// Rebuilds and selects the page at the URL, else the section, else nothing.
+    void reloadSidebarSelectingURL(const QUrl &fileURL, PLSection section);
+    /// Rebuilds and selects what was selected; `currentURL` is the page that is open.
+    void refreshSidebar(const QUrl &currentURL);
+    /// Rebuilds and selects the first page of the book, else the book.
+    void selectFirstChapter();
+
+    void expandNode(const PLSidebarNode *node);
+    /// Selects the row and opens its title for typing, all of it selected.
+    void editTitleOfNode(const PLSidebarNode *node);
+
+Q_SIGNALS:
+    /// The selection has moved, or has been set again by the program.
+    void selectionChanged();
+    /// A title was typed into the row of a page.
+    void titleTyped(const PLProjectItemPointer &item, const QString &title);
+    /// The title's field was left without a new title.
+    void titleEditingCancelled(const PLProjectItemPointer &item);
+
+private:
+    void rememberExpansion(const QModelIndex &index, bool isExpanded);
+    void expandSectionsAndKnownTags();
+    bool isInSight(const QModelIndex &index) const;
+    const PLSidebarNode *equivalentOf(const PLSidebarNode &node, const PLSidebarTree &newTree) const;
+    void titleEditingBegan();
+    void titleEditingEnded();
+
+    const PLProject &m_project;
+    PLSidebarModel m_model;
+    PLSidebarView *m_view;
+    PLSidebarRowDelegate *m_rowDelegate;
+    QSet<QString> m_expandedTags; ///< in lower case
+    PLProjectItemPointer m_titleItem; ///< whose title is being typed
+    bool m_reloading = false;
+    bool m_editingTitle = false;
+};

@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "storage/PLProjectItem.h"
+#include "storage/PLSection.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+/// A row of the sidebar: a section, a page in it, a tag, or a page under a tag.
+/// Every rebuild makes all rows anew: what must outlive one is kept by tag name or by file.
+class PLSidebarNode
+{
+public:
+    enum class Kind { Section, Page, Tag, Reference };
+
+    virtual ~PLSidebarNode() = default;
+    PLSidebarNode(const PLSidebarNode &) = delete;
+    PLSidebarNode &operator=(const PLSidebarNode &) = delete;
+
+    Kind kind() const { return m_kind; }
+    PLSidebarNode *parent() const { return m_parent; }
+    /// The place among the parent's children.
+    int row() const { return m_row; }
+    const std::vector<std::unique_ptr<PLSidebarNode>> &children() const { return m_children; }
+    int childCount() const { return int(m_children.size()); }
+
+    template <typename Node>
+    Node *append(std::unique_ptr<Node> child)
+    {
+        Node *added = child.get();
+        adopt(std::move(child), childCount());
+        return added;
+    }
+
+    /// Puts the children in the order of `less`, which compares two nodes.
+    template <typename Less>
+    void sortChildren(Less less)
+    {
+        std::stable_sort(m_children.begin(), m_children.end(),
+                         [&less](const auto &left, const auto &right) { return less(*left, *right); });
+        for (int index = 0; index < childCount(); ++index)
+            m_children[size_t(index)]->m_row = index;
+    }
+
+protected:
+    explicit PLSidebarNode(Kind kind)
+        : m_kind(kind)
+    {
+    }
+
+private:
+    void adopt(std::unique_ptr<PLSidebarNode> child, int row)
+    {
+        child->m_parent = this;
+        child->m_row = row;
+        m_children.push_back(std::move(child));
+    }
+
+    Kind m_kind;
+    PLSidebarNode *m_parent = nullptr;
+    int m_row = 0;
+    std::vector<std::unique_ptr<PLSidebarNode>> m_children;
+};
+
+/// One of the five sections with its pages, or the section of tags.
+class PLSidebarSection final : public PLSidebarNode
+{
+public:
+    explicit PLSidebarSection(PLSection section)
+        : PLSidebarNode(Kind::Section)
+        , section(section)
+    {
+    }
+
+    PLSection section;
+    bool isTagSection = false;
+};
+
+/// A page in its section.
+class PLSidebarPage final : public PLSidebarNode
+{
+public:
+    explicit PLSidebarPage(PLProjectItemPointer page)
+        : PLSidebarNode(Kind::Page)
+        , item(std::move(page))
+    {
+    }
+
+    PLProjectItemPointer item;
+};
+
+/// A tag, spelled as in the first page that carries it.
+class PLSidebarTag final : public PLSidebarNode
+{
+public:
+    explicit PLSidebarTag(const QString &tag)
+        : PLSidebarNode(Kind::Tag)
+        , name(tag)
+    {
+    }
+
+    QString name;
+};
+
+/// A page under a tag.
+class PLTagReference final : public PLSidebarNode
+{
+public:
+    PLTagReference(const QString &tagName, PLProjectItemPointer page)
+        : PLSidebarNode(Kind::Reference)
+        , parentTagName(tagName)
+        , referencedItem(std::move(page))
+    {
+    }
+
+    QString parentTagName;
+    PLProjectItemPointer referencedItem;
+};

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLSidebarTree.h"
+
+#include "foundation/PLText.h"
+#include "i18n/PLLocalization.h"
+#include "storage/PLProject.h"
+
+#include <QHash>
+
+class PLSidebarTree::Root final : public PLSidebarNode
+{
+public:
+    Root()
+        : PLSidebarNode(Kind::Section)
+    {
+    }
+};
+
+namespace {
+
+void addPages(PLSidebarNode &section, std::vector<PLProjectItemPointer> items)
+{
+    for (PLProjectItemPointer &item : items)
+        section.append(std::make_unique<PLSidebarPage>(std::move(item)));
+}
+
+} // namespace
+
+PLSidebarTree::PLSidebarTree()
+    : m_root(std::make_unique<Root>())
+{
+}
+
+PLSidebarTree::PLSidebarTree(const PLProject &project)
+    : PLSidebarTree()
+{
+    for (const PLSection section : PLAllSections) {
+        auto *node = m_root->append(std::make_unique<PLSidebarSection>(section));
+        addPages(*node, project.itemsInSection(section));
+    }
+    buildTagSectionFromSections();
+}
+
+PLSidebarTree::~PLSidebarTree() = default;
+
+const PLSidebarNode *PLSidebarTree::root() const
+{
+    return m_root.get();
+}
+
+PLSidebarSection *PLSidebarTree::section(PLSection section) const
+{
+    const auto index = size_t(section);
+    if (index >= std::size(PLAllSections) || isEmpty())
+        return nullptr;
+    return static_cast<PLSidebarSection *>(m_root->children()[index].get());
+}
+
+PLSidebarSection *PLSidebarTree::tagSection() const
+{
+    if (isEmpty())
+        return nullptr;
+    auto *last = static_cast<PLSidebarSection *>(m_root->children().back().get());
+    return last->isTagSection ? last : nullptr;
+}
+
+PLSidebarTag *PLSidebarTree::sidebarTagNamed(const QString &name) const
+{
+    if (!tagSection())
+        return nullptr;
+    for (const auto &node : tagSection()->children()) {
+        auto *tag = static_cast<PLSidebarTag *>(node.get());
+        if (tag->name.compare(name, Qt::CaseInsensitive) == 0)
+            return tag;
+    }
+    return nullptr;
+}
+
+PLSidebarPage *PLSidebarTree::sectionItemForURL(const QUrl &fileURL) const
+{
+    if (fileURL.isEmpty())
+        return nullptr;
+    const QString path = PLStandardizedPath(fileURL);
+    for (const PLSection number : PLAllSections) {
+        const PLSidebarSection *sectionNode = section(number);
+        for (size_t index = 0; sectionNode && index < sectionNode->children().size(); ++index) {
+            auto *page = static_cast<PLSidebarPage *>(sectionNode->children()[index].get());
+            if (PLStandardizedPath(page->item->fileURL()) == path)
+                return page;
+        }
+    }
+    return nullptr;
+}
+
+void PLSidebarTree::buildTagSectionFromSections()
+{
+    auto tagSection = std::make_unique<PLSidebarSection>(PLSection::Book);
+    tagSection->isTagSection = true;
+    QHash<QString, PLSidebarTag *> tagsByKey;
+    for (const auto &section : m_root->children()) {
+        for (const auto &page : section->children()) {
+            const PLProjectItemPointer item = PLItemOfNode(page.get());
+            const QStringList tags = item->readTags();
+            for (const QString &tag : tags) {
+                PLSidebarTag *&node = tagsByKey[tag.toLower()];
+                if (!node)
+                    node = tagSection->append(std::make_unique<PLSidebarTag>(tag));
+                node->append(std::make_unique<PLTagReference>(node->name, item));
+            }
+        }
+    }
+    const PLTitleComparer comparer(PLLocalization::localeIdentifier());
+    tagSection->sortChildren([&comparer](const PLSidebarNode &left, const PLSidebarNode &right) {
+        const auto &leftTag = static_cast<const PLSidebarTag &>(left);
+        const auto &rightTag = static_cast<const PLSidebarTag &>(right);
+        return comparer.compare(leftTag.name, rightTag.name) < 0;
+    });
+    for (const auto &tag : tagSection->children())
+        m_allTags.append(static_cast<const PLSidebarTag *>(tag.get())->name);
+    m_root->append(std::move(tagSection));
+}
+
+PLProjectItemPointer PLItemOfNode(const PLSidebarNode *node)
+{
+    if (node && node->kind() == PLSidebarNode::Kind::Page)
+        return static_cast<const PLSidebarPage *>(node)->item;
+    if (node && node->kind() == PLSidebarNode::Kind::Reference)
+        return static_cast<const PLTagReference *>(node)->referencedItem;
+    return nullptr;
+}

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "storage/PLSection.h"
+
+#include <QTreeView>
+
+/// The outline of a notebook: turns clicks and keys on its rows into what the writer wants of them.
+class PLSidebarView final : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit PLSidebarView(QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    /// The add button of a section.
+    void addRequested(PLSection section);
+    /// Return or F2 on a row.
+    void renameRequested();
+    /// Delete on a row.
+    void trashRequested();
+    /// A row's context menu is wanted, by mouse or key; the index is invalid beside the rows.
+    void contextMenuRequested(const QModelIndex &index, const QPoint &globalPosition);
+
+protected:
+    bool viewportEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    void applyColors();
+    /// The section whose add button is at this point, None for another point.
+    PLSection addButtonAt(const QPoint &position) const;
+};

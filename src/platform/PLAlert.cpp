@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/PLAlert.h"
+
+#include "i18n/PLLocalization.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::function<int(const PLAlert &)> &currentResponder()
+{
+    static std::function<int(const PLAlert &)> responder;
+    return responder;
+}
+
+void addButtons(QMessageBox &box, const PLAlert &alert)
+{
+    const QStringList titles = alert.buttons.isEmpty() ? QStringList{PLLocalizedString(u"OK"_s)} : alert.buttons;
+    for (qsizetype index = 0; index < titles.size(); ++index) {
+        // The roles keep the given order from right to left on every desktop's layout of buttons.
+        auto *button = box.addButton(titles[index], index == 0 ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
+        if (index == 0)
+            box.setDefaultButton(button);
+        if (index == alert.escapeButton - PLAlert::FirstButton || titles.size() == 1)
+            box.setEscapeButton(button);
+    }
+}
+
+} // namespace
+
+int PLAlert::runModal(QWidget *parent) const
+{
+    if (currentResponder())
+        return currentResponder()(*this);
+    QMessageBox box(parent);
+    box.setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
+    box.setIcon(style == Style::Warning ? QMessageBox::Warning : QMessageBox::Information);
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowTitle(u"Aquilane"_s);
+    box.setText(message);
+    box.setInformativeText(informativeText);
+    addButtons(box, *this);
+    box.exec();
+    const qsizetype index = box.buttons().indexOf(box.clickedButton());
+    return index < 0 ? escapeButton : FirstButton + int(index);
+}
+
+void PLAlert::presentError(const PLError &error, QWidget *parent)
+{
+    PLAlert alert;
+    alert.message = error.message;
+    alert.runModal(parent);
+}
+
+void PLAlert::setResponder(std::function<int(const PLAlert &)> responder)
+{
+    currentResponder() = std::move(responder);
+}

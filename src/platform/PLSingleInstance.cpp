@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/PLSingleInstance.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QStandardPaths>
+#include <QThread>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#else
+#include <QLockFile>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 largestRequest = 1 << 20; // bytes
+constexpr char acknowledgement = '+';
+
+/// A folder that only this user can enter: the session's own, or one made for it under the temporary folder.
+QString privateFolder()
+{
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QDir(runtime).exists())
+        return runtime;
+#ifdef Q_OS_UNIX
+    const QString folder = QDir::tempPath() + u"/aquilane-%1"_s.arg(getuid());
+    const QByteArray name = QFile::encodeName(folder);
+    mkdir(name.constData(), 0700);
+    struct stat information = {};
+    const bool mine = lstat(name.constData(), &information) == 0 && S_ISDIR(information.st_mode)
+                      && information.st_uid == getuid() && (information.st_mode & 077) == 0;
+    return mine ? folder : QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+#else
+    return QDir::tempPath();
+#endif
+}
+
+/// A request is one line of JSON.
+QByteArray encodedRequest(const QStringList &paths)
+{
+    QJsonObject request;
+    request[u"paths"] = QJsonArray::fromStringList(paths);
+    request[u"activationToken"] = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n';
+}
+
+} // namespace
+
+PLSingleInstance::PLSingleInstance(QObject *parent)
+    : QObject(parent)
+    , m_folder(privateFolder())
+{
+}
+
+PLSingleInstance::~PLSingleInstance()
+{
+#ifdef Q_OS_UNIX
+    if (m_lockDescriptor >= 0)
+        close(m_lockDescriptor);
+#endif
+}
+
+PLSingleInstance::Role PLSingleInstance::start(const QStringList &paths, int timeout)
+{
+    QDeadlineTimer deadline(timeout);
+    do {
+        if (lock())
+            return Role::First;
+        // The other process may still be starting, or just ending: try both roles again.
+        if (handOver(paths, int(deadline.remainingTime())))
+            return Role::HandedOver;
+        QThread::msleep(20);
+    } while (!deadline.hasExpired());
+    return Role::NoAnswer;
+}
+
+bool PLSingleInstance::lock()
+{
+#ifdef Q_OS_UNIX
+    if (m_lockDescriptor >= 0)
+        return true;
+    const QByteArray path = QFile::encodeName(m_folder + u"/aquilane.lock"_s);
+    const int descriptor = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (descriptor < 0)
+        return true; // no place to lock in: better to start than to refuse
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        close(descriptor);
+        return false;
+    }
+    m_lockDescriptor = descriptor;
+    return true;
+#else
+    static QLockFile file(m_folder + u"/aquilane.lock"_s);
+    return file.tryLock(0);
+#endif
+}
+
+bool PLSingleInstance::handOver(const QStringList &paths, int timeout) const
+{
+    // Qt's sockets want an application object; the real one is made only when this process is the program.
+    static char name[] = "aquilane";
+    static char *arguments[] = {name, nullptr};
+    int count = 1;
+    const QCoreApplication application(count, arguments);
+    QLocalSocket socket;
+    socket.connectToServer(m_folder + u"/aquilane.socket"_s);
+    if (!socket.waitForConnected(timeout))
+        return false;
+    socket.write(encodedRequest(paths));
+    if (!socket.waitForBytesWritten(timeout) || !socket.waitForReadyRead(timeout))
+        return false;
+    return socket.read(1) == QByteArray(1, acknowledgement);
+}
+
+void PLSingleInstance::listen()
+{
+    const QString name = m_folder + u"/aquilane.socket"_s;
+    QLocalServer::removeServer(name); // one left by a killed process; the lock says that nobody uses it
+    m_server = std::make_unique<QLocalServer>();
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    connect(m_server.get(), &QLocalServer::newConnection, this, &PLSingleInstance::accept);
+    m_server->listen(name);
+}
+
+void PLSingleInstance::accept()
+{
+    while (QLocalSocket *socket = m_server->nextPendingConnection()) {
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { read(socket); });
+        read(socket);
+    }
+}
+
+void PLSingleInstance::read(QLocalSocket *socket)
+{
+    if (!socket->canReadLine()) {
+        if (socket->bytesAvailable() > largestRequest)
+            socket->abort();
+        return;
+    }
+    const QJsonDocument request = QJsonDocument::fromJson(socket->readLine(largestRequest));
+    if (!request.isObject())
+        return socket->abort();
+    socket->write(QByteArray(1, acknowledgement));
+    socket->flush();
+    socket->disconnectFromServer();
+    QStringList paths;
+    const QJsonArray elements = request[u"paths"].toArray();
+    for (const QJsonValue &element : elements)
+        paths.append(element.toString());
+    Q_EMIT requestReceived(paths, request[u"activationToken"].toString());
+}

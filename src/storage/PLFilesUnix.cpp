@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "storage/PLFiles.h"
+#include "storage/PLUnixFile.h"
+
+#include <QFile>
+
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace {
+
+struct FolderCloser
+{
+    void operator()(DIR *folder) const { ::closedir(folder); }
+};
+using FolderReader = std::unique_ptr<DIR, FolderCloser>;
+
+/// True for a folder and for a link to one. The disk is asked only where the entry does not say.
+bool isFolder(DIR *folder, const dirent &entry)
+{
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    struct stat status;
+    return ::fstatat(::dirfd(folder), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// Opens without ever waiting for a FIFO's or a device's other end.
+int openForReading(const QString &path, PLDescriptor &file, qint64 &size)
+{
+    const QByteArray native = PLNativePath(path);
+    file = PLDescriptor(
+        PLRetried([&] { return ::open(native.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
+    if (!file.isOpen())
+        return errno == ENXIO ? EINVAL : errno; // ENXIO: a socket
+    struct stat status;
+    if (::fstat(file.number(), &status) != 0)
+        return errno;
+    if (!S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    size = status.st_size;
+    return size > PLLargestFileSize ? EFBIG : 0;
+}
+
+/// Reads up to `limit` bytes; `size` is only where to begin, as the file may be growing.
+int readAll(const PLDescriptor &file, qint64 size, qint64 limit, QByteArray &bytes)
+{
+    bytes.resize(qMin(size + 1, limit));
+    qsizetype length = 0;
+    while (length < limit) {
+        if (length == bytes.size())
+            bytes.resize(qMin(2 * length, limit));
+        const size_t room = size_t(bytes.size() - length);
+        const ssize_t count = PLRetried([&] { return ::read(file.number(), bytes.data() + length, room); });
+        if (count < 0)
+            return errno;
+        if (count == 0)
+            break;
+        length += count;
+    }
+    bytes.truncate(length);
+    return length > PLLargestFileSize ? EFBIG : 0;
+}
+
+bool isSameFolder(const PLDescriptor &left, const PLDescriptor &right)
+{
+    struct stat leftStatus;
+    struct stat rightStatus;
+    return ::fstat(left.number(), &leftStatus) == 0 && ::fstat(right.number(), &rightStatus) == 0 &&
+           leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
+}
+
+int flushFolders(const PLDescriptor &from, const PLDescriptor &to)
+{
+    const int failure = PLFlushFolder(to);
+    return failure != 0 || isSameFolder(from, to) ? failure : PLFlushFolder(from);
+}
+
+int moveFile(const PLPlace &from, const PLPlace &to)
+{
+    const PLDescriptor fromFolder = PLOpenFolder(from.folder);
+    if (!fromFolder.isOpen())
+        return errno;
+    const PLDescriptor toFolder = PLOpenFolder(to.folder);
+    if (!toFolder.isOpen())
+        return errno;
+    if (const int failure = PLRenameWithoutReplacing(fromFolder, from.name, toFolder, to.name))
+        return failure;
+    const int failure = flushFolders(fromFolder, toFolder);
+    if (failure == 0)
+        return 0;
+    // What is answered is where the file is. If it cannot even go back, it has been moved.
+    return PLRenameWithoutReplacing(toFolder, to.name, fromFolder, from.name) == 0 ? failure : 0;
+}
+
+bool isTemporaryName(const QString &name)
+{
+    constexpr QStringView prefix = u".aquilane-";
+    constexpr QStringView suffix = u".tmp";
+    constexpr qsizetype digits = 8;
+    if (name.size() != prefix.size() + digits + suffix.size() || !name.startsWith(prefix) ||
+        !name.endsWith(suffix))
+        return false;
+    const QStringView number = QStringView(name).sliced(prefix.size(), digits);
+    return std::all_of(number.begin(), number.end(), [](QChar digit) {
+        return (digit >= u'0' && digit <= u'9') || (digit >= u'a' && digit <= u'f');
+    });
+}
+
+bool isRegularFile(const PLDescriptor &folder, const QByteArray &name)
+{
+    struct stat status;
+    return ::fstatat(folder.number(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISREG(status.st_mode);
+}
+
+} // namespace
+
+std::optional<QByteArray> PLReadFile(const QString &path, PLError *error, qint64 limit)
+{
+    PLDescriptor file;
+    qint64 size = 0;
+    QByteArray bytes;
+    int failure = openForReading(path, file, size);
+    if (failure == 0)
+        failure = readAll(file, size, limit < 0 ? PLLargestFileSize + 1 : limit, bytes);
+    if (failure == 0)
+        return bytes;
+    PLFail(error, PLFileError(failure));
+    return std::nullopt;
+}
+
+bool PLMoveFile(const QString &from, const QString &to, PLError *error)
+{
+    const int failure = moveFile(PLPlaceOf(PLNativePath(from)), PLPlaceOf(PLNativePath(to)));
+    return failure == 0 || PLFail(error, PLFileError(failure));
+}
+
+bool PLCreateFolder(const QString &path, PLError *error)
+{
+    const int failure = PLMakeFolders(PLNativePath(path), 0777);
+    return failure == 0 || PLFail(error, PLFileError(failure));
+}
+
+bool PLSomethingExistsAt(const QString &path)
+{
+    struct stat status;
+    return ::lstat(PLNativePath(path).constData(), &status) == 0;
+}
+
+QStringList PLFileNamesInFolder(const QString &folder)
+{
+    const FolderReader reader(::opendir(PLNativePath(folder).constData()));
+    if (!reader)
+        return {};
+    QStringList names;
+    while (const dirent *entry = ::readdir(reader.get())) {
+        if (isFolder(reader.get(), *entry))
+            continue;
+        if (const std::optional<QString> name = PLDecodedUTF8(QByteArray(entry->d_name)))
+            names.append(*name);
+    }
+    return names;
+}
+
+void PLSweepTemporaryFiles(const QString &path)
+{
+    const PLDescriptor folder = PLOpenFolder(PLNativePath(path));
+    if (!folder.isOpen())
+        return;
+    const QStringList names = PLFileNamesInFolder(path);
+    for (const QString &name : names) {
+        const QByteArray native = PLNativePath(name);
+        if (isTemporaryName(name) && isRegularFile(folder, native))
+            ::unlinkat(folder.number(), native.constData(), 0);
+    }
+}

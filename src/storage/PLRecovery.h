@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+class PLProject;
+
+/// The name that a page has between the two moves of a change of case: "aquilane-unique.tmp" in the page's
+/// folder. The old name is written into it where it fits, so that no crash can lose a page.
+QString PLTemporaryPathForRename(const QString &pagePath);
+
+/// Puts right what a crash left in a notebook: pages that were being renamed get their old name back (or a
+/// free one, if it is taken or unknown), temporary files of writes that were never finished are deleted.
+void PLRecoverNotebook(const PLProject &project);

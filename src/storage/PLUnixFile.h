@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cerrno>
+
+#include <sys/types.h>
+#include <unistd.h>
+
+// What the Unix half of this folder shares. Functions that can fail answer 0 or the errno value.
+
+/// A file descriptor that is closed with its owner.
+class PLDescriptor final
+{
+public:
+    explicit PLDescriptor(int number = -1) : m_number(number) {}
+    ~PLDescriptor() { close(); }
+    PLDescriptor(PLDescriptor &&other) noexcept : m_number(other.release()) {}
+    PLDescriptor &operator=(PLDescriptor &&other) noexcept
+    {
+        close();
+        m_number = other.release();
+        return *this;
+    }
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+    /// Closes now, for those who must know whether it worked: some disks tell only here that a write failed.
+    int close()
+    {
+        // A close that a signal interrupted has closed: trying again could close somebody else's file.
+        return m_number < 0 || ::close(release()) == 0 || errno == EINTR ? 0 : errno;
+    }
+
+private:
+    int release()
+    {
+        const int number = m_number;
+        m_number = -1;
+        return number;
+    }
+
+    int m_number;
+};
+
+/// Makes a system call again as long as a signal interrupts it.
+template <typename Call>
+auto PLRetried(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// A path as the system takes it; empty, which no call accepts, for one with a NUL in it.
+QByteArray PLNativePath(const QString &path);
+
+/// A path cut before its last element.
+struct PLPlace
+{
+    QByteArray folder; ///< "." for a bare name
+    QByteArray name;
+};
+PLPlace PLPlaceOf(const QByteArray &path);
+
+/// Opens a folder to work in it; not open, with errno set, if that fails.
+PLDescriptor PLOpenFolder(const QByteArray &path);
+
+/// Makes the names in a folder safe on the disk.
+int PLFlushFolder(const PLDescriptor &folder);
+
+/// Renames, and fails with EEXIST if the new name is taken.
+int PLRenameWithoutReplacing(const PLDescriptor &fromFolder, const QByteArray &from,
+                             const PLDescriptor &toFolder, const QByteArray &to);
+
+/// Creates a folder and those above it; `mode` as for mkdir. A folder that is there is left as it is.
+int PLMakeFolders(const QByteArray &path, mode_t mode);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// One line of text: a page of warm paper, the ornament U+2766 in place of a rule.
-constexpr QStringView styleSheet =
+const QString styleSheet =
     u"html { background: #faf6ea; }"
     u"body { margin: 0; padding: 36px 44px 80px; font: 17px/1.6 Georgia, serif; color: #2b2621; }"
     u"#contenu { max-width: 640px; margin: 0 auto; }"
@@ -35,7 +35,7 @@ constexpr QStringView styleSheet =
     u"color: #5a5046; padding: 2px 9px; border-radius: 10px; margin-right: 5px; }"
     u"img { max-width: 100%; }"
     u"del { color: #8c8070; }"
-    u".vide { color: #b0a48f; font-style: italic; text-align: center; margin-top: 4em; }";
+    u".vide { color: #b0a48f; font-style: italic; text-align: center; margin-top: 4em; }"_s;
 
 } // namespace
 

@@ -42,8 +42,10 @@ enum State : uint8_t {
     StateCount
 };
 
-constexpr uint8_t countsOne = 0x80;
-constexpr uint8_t stateMask = 0x0F;
+constexpr uint8_t stateMask = 0x3F;
+constexpr uint8_t countsOne = 0x40; ///< the upper two bits are what is added to the count
+constexpr uint8_t takesOneBack = 0xC0;
+constexpr int addedShift = 6;
 
 using Steps = std::array<std::array<uint8_t, WordClassCount>, StateCount>;
 
@@ -65,6 +67,7 @@ constexpr Steps steps = [] {
         table[state][Connector] = AfterConnector;
     }
     table[AfterLoneConnector][Connector] = AfterConnector | countsOne;
+    table[AfterConnector][Attached] = AfterLoneConnector | takesOneBack; // ICU: no word ends so
     table[AfterLetter][MidLetter] = table[AfterLetter][MidBoth] = AfterLetterMid;
     table[AfterNumeric][MidNumber] = table[AfterNumeric][MidBoth] = AfterNumericMid;
     table[AfterLetterMid][Letter] = AfterLetter;
@@ -85,6 +88,8 @@ WordClass wordClass(char16_t unit)
 {
     if (isBeyondTable(unit))
         return Complex;
+    if (unit == u'@' || unit == u':') // where ICU's rules differ from the property
+        return unit == u'@' ? Letter : Other;
     switch (u_getIntPropertyValue(unit, UCHAR_WORD_BREAK)) {
     case U_WB_ALETTER:
         return Letter;
@@ -93,7 +98,7 @@ WordClass wordClass(char16_t unit)
     case U_WB_EXTENDNUMLET:
         return Connector;
     case U_WB_MIDLETTER:
-        return unit == u':' ? Other : MidLetter; // ICU's rules leave the colon out
+        return MidLetter;
     case U_WB_MIDNUM:
         return MidNumber;
     case U_WB_MIDNUMLET:
@@ -149,7 +154,7 @@ qsizetype countSimple(QStringView text, qsizetype position, qsizetype *count)
             wordClasses[unit] = wordClass(unit);
             continue;
         }
-        words += step / countsOne;
+        words += int8_t(step) >> addedShift;
         state = step & stateMask;
         ++position;
     }
@@ -161,26 +166,40 @@ struct CloseIterator
 {
     void operator()(UBreakIterator *iterator) const { ubrk_close(iterator); }
 };
+using IteratorPointer = std::unique_ptr<UBreakIterator, CloseIterator>;
 
-qsizetype countByICU(QStringView text)
+/// ICU's iterator, for the complex stretches of one text, in their order. An iterator gathers the
+/// dictionaries that it has met and cuts what follows accordingly (ICU 72), so that each text has one of its
+/// own, as if the iterator had walked over the whole of it; a copy of one that was never used is cheaper than
+/// a new one.
+class ICUCounter final
 {
-    UErrorCode status = U_ZERO_ERROR;
-    static const std::unique_ptr<UBreakIterator, CloseIterator> iterator(
-        ubrk_open(UBRK_WORD, "", nullptr, 0, &status));
-    ubrk_setText(iterator.get(), reinterpret_cast<const UChar *>(text.utf16()), int32_t(text.size()),
-                 &status);
-    if (U_FAILURE(status))
-        return 0;
-    qsizetype words = 0;
-    while (ubrk_next(iterator.get()) != UBRK_DONE)
-        words += ubrk_getRuleStatus(iterator.get()) >= UBRK_WORD_NONE_LIMIT ? 1 : 0;
-    return words;
-}
+public:
+    qsizetype count(QStringView text)
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        static const IteratorPointer unused(ubrk_open(UBRK_WORD, "", nullptr, 0, &status));
+        if (!m_iterator)
+            m_iterator.reset(ubrk_clone(unused.get(), &status));
+        UBreakIterator *iterator = m_iterator.get();
+        ubrk_setText(iterator, reinterpret_cast<const UChar *>(text.utf16()), int32_t(text.size()), &status);
+        if (U_FAILURE(status))
+            return 0;
+        qsizetype words = 0;
+        while (ubrk_next(iterator) != UBRK_DONE)
+            words += ubrk_getRuleStatus(iterator) >= UBRK_WORD_NONE_LIMIT ? 1 : 0;
+        return words;
+    }
+
+private:
+    IteratorPointer m_iterator;
+};
 
 } // namespace
 
 qsizetype PLWordCount(QStringView text)
 {
+    ICUCounter icu;
     qsizetype count = 0;
     qsizetype position = countSimple(text, 0, &count);
     while (position < text.size()) {
@@ -192,7 +211,7 @@ qsizetype PLWordCount(QStringView text)
             ++end;
         qsizetype countedTwice = 0;
         countSimple(text.first(position), start, &countedTwice);
-        count += countByICU(text.sliced(start, end - start)) - countedTwice;
+        count += icu.count(text.sliced(start, end - start)) - countedTwice;
         position = countSimple(text, end, &count);
     }
     return count;

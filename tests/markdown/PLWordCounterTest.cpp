@@ -16,6 +16,7 @@ class PLWordCounterTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void texts_data();
     void texts();
     void everyCharacterInEveryPlace();
@@ -40,6 +41,13 @@ QByteArray units(const QString &text)
 
 } // namespace
 
+/// ICU keeps the dictionaries that a process has met, and they change its answer on a few odd texts; both
+/// sides are to start from the same.
+void PLWordCounterTest::initTestCase()
+{
+    PLPlainMarkdown::wordCount(u"カタカナ 漢字 ภาษาไทย ພາສາລາວ ភាសាខ្មែរ မြန်မာဘာသာ 한국어"_s);
+}
+
 void PLWordCounterTest::texts_data()
 {
     QTest::addColumn<QString>("text");
@@ -47,11 +55,13 @@ void PLWordCounterTest::texts_data()
     QTest::newRow("empty") << u""_s << 0;
     QTest::newRow("letters and digits") << u"a1 1a _a a_ _1 a.b 1.2 a.1"_s << 9;
     QTest::newRow("connectors") << u"_ __ ___ _\u0301_ \u202F\u202F"_s << 4;
+    QTest::newRow("mark after a connector") << u"a_\u0308 a_ _\u0308a"_s << 2; // the first is none to ICU
+    QTest::newRow("at sign is a letter to ICU") << u"a@b @ c"_s << 3;
     QTest::newRow("colon and comma part words") << u"a:b a,b 1,2 1:2"_s << 7;
     QTest::newRow("marks stay with their letter") << u"e\u0301te\u0301 \u0301a"_s << 2;
     QTest::newRow("soft hyphen") << u"a\u00ADb"_s << 1;
     QTest::newRow("Hebrew with quotes") << u"צה\"ל ג' א'ב"_s << 3;
-    QTest::newRow("Katakana") << u"カタカナ と ひらがな"_s << 3;
+    QTest::newRow("Katakana") << u"カタカナ と ひらがな"_s << 6;
     QTest::newRow("emoji are no words") << u"a \U0001F468\u200D\U0001F469 b \U0001F1EB\U0001F1F7"_s << 2;
     QTest::newRow("keycap") << u"1\uFE0F\u20E3"_s << 1;
     QTest::newRow("broken pairs") << u"a"_s + QChar(0xD800) + u"b"_s + QChar(0xDC00) << 2;

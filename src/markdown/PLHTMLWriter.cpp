@@ -36,20 +36,30 @@ constexpr std::array<unsigned char, 128> actions = [] {
     return table;
 }();
 
-constexpr qsizetype blockSize = 16;
+constexpr qsizetype laneCount = 8;
+constexpr qsizetype blockSize = 4 * laneCount;
 
-/// Whether one of the block's units has an action. Without a branch, so that the compiler makes vectors of
-/// it.
+/// All bits if the unit has an action, none if not.
+constexpr uint16_t actionBits(char16_t unit)
+{
+    const auto bits = [](bool isEqual) { return uint16_t(-int(isEqual)); };
+    return bits((unit | 4) == u'&') | bits((unit | 2) == u'>') | bits((unit | 4) == u'_') |
+           bits(unit == u'*') | bits(unit == u'`') | bits(unit == u'~');
+}
+
+/// Whether one of the block's units has an action. Without a branch and lane by lane, so that the compiler
+/// makes vectors of it.
 bool blockHasAction(const char16_t *units)
 {
-    char16_t found = 0;
-    for (qsizetype index = 0; index < blockSize; ++index) {
-        const char16_t unit = units[index];
-        found |= char16_t((unit | 4) == u'&' ? 1 : 0) | char16_t((unit | 2) == u'>' ? 1 : 0) |
-                 char16_t((unit | 4) == u'_' ? 1 : 0) | char16_t(unit == u'*' ? 1 : 0) |
-                 char16_t(unit == u'`' ? 1 : 0) | char16_t(unit == u'~' ? 1 : 0);
+    std::array<uint16_t, laneCount> lanes = {};
+    for (qsizetype start = 0; start < blockSize; start += laneCount) {
+        for (qsizetype lane = 0; lane < laneCount; ++lane)
+            lanes[size_t(lane)] |= actionBits(units[start + lane]);
     }
-    return found != 0;
+    std::array<uint64_t, 2> halves;
+    static_assert(sizeof(halves) == sizeof(lanes));
+    std::memcpy(halves.data(), lanes.data(), sizeof(halves));
+    return (halves[0] | halves[1]) != 0;
 }
 
 Action actionOf(char16_t unit)
@@ -60,8 +70,11 @@ Action actionOf(char16_t unit)
 /// The first unit from `position` on that has an action, or the end.
 const char16_t *nextAction(const char16_t *position, const char16_t *end)
 {
+    const bool fillsBlock = end - position >= blockSize;
     while (end - position >= blockSize && !blockHasAction(position))
         position += blockSize;
+    if (fillsBlock && end - position < blockSize && !blockHasAction(end - blockSize))
+        return end; // the last block reaches back over what was looked at
     while (position < end && actionOf(*position) == CopyIt)
         ++position;
     return position;

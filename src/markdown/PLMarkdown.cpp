@@ -7,8 +7,8 @@
 #include "i18n/PLLocalization.h"
 #include "markdown/PLBlockWalker.h"
 #include "markdown/PLCharacters.h"
+#include "markdown/PLPageText.h"
 #include "markdown/PLWordCounter.h"
-#include "storage/PLFrontMatter.h"
 
 using namespace Qt::StringLiterals;
 
@@ -44,14 +44,13 @@ void appendTags(PLHTMLWriter &html, QStringView tags)
 
 QString PLMarkdown::HTMLFromMarkdown(const QString &text)
 {
-    QString body;
-    const QString tags = PLFrontMatter::fieldsFromString(text, &body).value(u"tags"_s);
+    const PLPageText page(text);
     PLHTMLWriter html;
-    html.reserve(body.size() + body.size() / 8 + 256);
-    if (!tags.isEmpty())
-        appendTags(html, tags);
+    html.reserve(text.size() + text.size() / 8 + 256);
+    if (!page.tags().isEmpty())
+        appendTags(html, page.tags());
     PLBlockWalker walker(&html);
-    addBody(walker, body);
+    addBody(walker, page.body());
     walker.finish();
     if (html.size() > 0)
         return html.take();
@@ -61,9 +60,7 @@ QString PLMarkdown::HTMLFromMarkdown(const QString &text)
 
 qsizetype PLMarkdown::wordCountOfMarkdown(const QString &text)
 {
-    QString body;
-    PLFrontMatter::fieldsFromString(text, &body);
-    return PLWordCount(body);
+    return PLWordCount(PLPageText(text).body());
 }
 
 QString PLMarkdown::blocksHTMLFromLines(const QStringList &lines)

@@ -5,6 +5,10 @@
 
 #include <array>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace {
 
 /// What a character of the writer's text asks for; none for most.
@@ -15,10 +19,7 @@ enum Action : unsigned char {
     NoteUnderscore = PLUnderscoreMark,
     NoteTilde = PLTildeMark,
     LastNote = PLTildeMark,
-    WriteAmpersand,
-    WriteLess,
-    WriteGreater,
-    WriteQuote,
+    WriteEntity,
     MeetBackquote,
 };
 
@@ -28,56 +29,75 @@ constexpr std::array<unsigned char, 128> actions = [] {
     table[u'*'] = NoteAsterisk;
     table[u'_'] = NoteUnderscore;
     table[u'~'] = NoteTilde;
-    table[u'&'] = WriteAmpersand;
-    table[u'<'] = WriteLess;
-    table[u'>'] = WriteGreater;
-    table[u'"'] = WriteQuote;
+    table[u'&'] = WriteEntity;
+    table[u'<'] = WriteEntity;
+    table[u'>'] = WriteEntity;
+    table[u'"'] = WriteEntity;
     table[u'`'] = MeetBackquote;
     return table;
 }();
 
-constexpr qsizetype laneCount = 8;
-constexpr qsizetype blockSize = 4 * laneCount;
+constexpr qsizetype blockSize = 32;
 
-/// All bits if the unit has an action, none if not.
-constexpr uint16_t actionBits(char16_t unit)
+#ifdef __SSE2__
+/// Copies a block; answers whether one of its units may have an action ("|" is taken for one of "<", ">" and
+/// "~"). Sixteen units at a time as bytes: saturation makes what is no byte 0 or 255, which have none.
+bool copyBlock(const char16_t *units, char16_t *copy)
 {
-    const auto bits = [](bool isEqual) { return uint16_t(-int(isEqual)); };
-    return bits((unit | 4) == u'&') | bits((unit | 2) == u'>') | bits((unit | 4) == u'_') |
-           bits(unit == u'*') | bits(unit == u'`') | bits(unit == u'~');
-}
-
-/// Whether one of the block's units has an action. Without a branch and lane by lane, so that the compiler
-/// makes vectors of it.
-bool blockHasAction(const char16_t *units)
-{
-    std::array<uint16_t, laneCount> lanes = {};
-    for (qsizetype start = 0; start < blockSize; start += laneCount) {
-        for (qsizetype lane = 0; lane < laneCount; ++lane)
-            lanes[size_t(lane)] |= actionBits(units[start + lane]);
+    const auto bytesOf = [](char16_t unit) { return _mm_set1_epi8(char(unit)); };
+    __m128i found = _mm_setzero_si128();
+    for (qsizetype start = 0; start < blockSize; start += 16) {
+        const auto *source = reinterpret_cast<const __m128i *>(units + start);
+        auto *target = reinterpret_cast<__m128i *>(copy + start);
+        const __m128i first = _mm_loadu_si128(source);
+        const __m128i second = _mm_loadu_si128(source + 1);
+        _mm_storeu_si128(target, first);
+        _mm_storeu_si128(target + 1, second);
+        const __m128i bytes = _mm_packus_epi16(first, second);
+        const __m128i with4 = _mm_or_si128(bytes, bytesOf(4));
+        const __m128i with42 = _mm_or_si128(bytes, bytesOf(0x42));
+        const auto find = [&found](__m128i units8, __m128i wanted) {
+            found = _mm_or_si128(found, _mm_cmpeq_epi8(units8, wanted));
+        };
+        find(with4, bytesOf(u'&'));
+        find(with4, bytesOf(u'_'));
+        find(with42, bytesOf(u'~'));
+        find(bytes, bytesOf(u'*'));
+        find(bytes, bytesOf(u'`'));
     }
-    std::array<uint64_t, 2> halves;
-    static_assert(sizeof(halves) == sizeof(lanes));
-    std::memcpy(halves.data(), lanes.data(), sizeof(halves));
-    return (halves[0] | halves[1]) != 0;
+    return _mm_movemask_epi8(found) != 0;
 }
+#else
+/// Copies a block; answers whether one of its units may have an action ("|" is taken for one of "<", ">" and
+/// "~"). Without a branch, so that the compiler makes vectors of it.
+bool copyBlock(const char16_t *units, char16_t *copy)
+{
+    uint16_t found = 0;
+    for (qsizetype index = 0; index < blockSize; ++index) {
+        const char16_t unit = units[index];
+        found |= uint16_t(((unit | 4) == u'&') | ((unit | 4) == u'_') | ((unit | 0x42) == u'~') |
+                          (unit == u'*') | (unit == u'`'));
+    }
+    std::memcpy(copy, units, blockSize * sizeof(char16_t));
+    return found != 0;
+}
+#endif
 
 Action actionOf(char16_t unit)
 {
     return unit < actions.size() ? Action(actions[unit]) : CopyIt;
 }
 
-/// The first unit from `position` on that has an action, or the end.
-const char16_t *nextAction(const char16_t *position, const char16_t *end)
+/// Copies the blocks that have no action; answers how many units that is.
+qsizetype copyPlainBlocks(const char16_t *units, qsizetype size, char16_t *copy)
 {
-    const bool fillsBlock = end - position >= blockSize;
-    while (end - position >= blockSize && !blockHasAction(position))
-        position += blockSize;
-    if (fillsBlock && end - position < blockSize && !blockHasAction(end - blockSize))
-        return end; // the last block reaches back over what was looked at
-    while (position < end && actionOf(*position) == CopyIt)
-        ++position;
-    return position;
+    qsizetype copied = 0;
+    while (size - copied >= blockSize && !copyBlock(units + copied, copy + copied))
+        copied += blockSize;
+    if (size < blockSize || size - copied >= blockSize)
+        return copied;
+    const qsizetype last = size - blockSize; // this block reaches back over what is copied already
+    return copyBlock(units + last, copy + last) ? copied : size;
 }
 
 } // namespace
@@ -109,36 +129,39 @@ void PLHTMLWriter::appendEscaped(QStringView text)
 
 qsizetype PLHTMLWriter::appendEscapedUntilBackquote(QStringView text, unsigned *marks)
 {
-    const char16_t *const start = text.utf16();
-    const char16_t *const end = start + text.size();
-    const char16_t *copied = start;
-    const auto copyUntil = [&](const char16_t *position) {
-        append(QStringView(copied, position - copied));
-        copied = position + 1;
-    };
-    for (const char16_t *position = nextAction(start, end); position < end;
-         position = nextAction(position, end)) {
-        const Action action = actionOf(*position);
-        if (action <= LastNote) {
+    const char16_t *const units = text.utf16();
+    qsizetype position = 0;
+    while (position < text.size()) {
+        makeRoom(text.size() - position);
+        const qsizetype plain = copyPlainBlocks(units + position, text.size() - position, m_units + m_size);
+        m_size += plain;
+        position += plain;
+        for (const qsizetype end = qMin(position + blockSize, text.size()); position < end; ++position) {
+            const Action action = actionOf(units[position]);
+            if (action == MeetBackquote)
+                return position;
+            if (action > LastNote) {
+                appendEntity(units[position]);
+                makeRoom(text.size() - position);
+                continue;
+            }
             *marks |= action;
-            ++position;
-            continue;
+            m_units[m_size++] = units[position];
         }
-        copyUntil(position);
-        if (action == MeetBackquote)
-            return position - start;
-        if (action == WriteAmpersand)
-            append(u"&amp;");
-        else if (action == WriteLess)
-            append(u"&lt;");
-        else if (action == WriteGreater)
-            append(u"&gt;");
-        else
-            append(u"&quot;");
-        ++position;
     }
-    append(QStringView(copied, end - copied));
-    return text.size();
+    return position;
+}
+
+void PLHTMLWriter::appendEntity(char16_t unit)
+{
+    if (unit == u'&')
+        append(u"&amp;");
+    else if (unit == u'<')
+        append(u"&lt;");
+    else if (unit == u'>')
+        append(u"&gt;");
+    else
+        append(u"&quot;");
 }
 
 QString PLHTMLWriter::take()

@@ -55,6 +55,7 @@ private:
             grow(more);
     }
     void grow(qsizetype more);
+    void appendEntity(char16_t unit);
 
     QString m_text;
     char16_t *m_units = nullptr; ///< m_text's

@@ -14,14 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Adds a line for each stretch of the body between line feeds.
+/// Adds a line for each stretch of the body between line ends: line feeds, and "\r\n".
 void addBody(PLBlockWalker &walker, QStringView body)
 {
     for (;;) {
         const qsizetype end = PLPositionOf(u'\n', body, 0);
-        walker.addLine(body.first(end));
-        if (end == body.size())
+        if (end == body.size()) {
+            walker.addLine(body);
             return;
+        }
+        const bool hasCarriageReturn = end > 0 && body[end - 1] == u'\r';
+        walker.addLine(body.first(hasCarriageReturn ? end - 1 : end));
         body = body.sliced(end + 1);
     }
 }

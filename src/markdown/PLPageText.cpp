@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView openingFence = u"---\n";
+constexpr qsizetype dashes = 3;
 constexpr QStringView closingFence = u"\n---\n";
 constexpr qsizetype longestGap = 2; ///< line feeds between a header and its body that are not the body's
 
@@ -17,24 +17,16 @@ constexpr qsizetype longestGap = 2; ///< line feeds between a header and its bod
 
 PLPageText::PLPageText(const QString &text) : m_text(text)
 {
-    if (text.contains(u'\r')) {
-        split(text);
+    if (!text.startsWith(u"---\n") && !text.startsWith(u"---\r\n"))
+        return;
+    const qsizetype fence = text.indexOf(closingFence, dashes);
+    const qsizetype bodyEnd = fence + closingFence.size() - 1 + longestGap;
+    const QString header = fence < 0 ? text : text.first(qMin(text.size(), bodyEnd));
+    if (fence < 0 || header.contains(u'\r')) {
+        m_tags = PLFrontMatter::fieldsFromString(text, &m_text).value(u"tags"_s);
         return;
     }
-    if (!text.startsWith(openingFence))
-        return;
-    const qsizetype fence = text.indexOf(closingFence, openingFence.size() - 1);
-    if (fence < 0) {
-        split(text);
-        return;
-    }
-    const QString header = text.first(qMin(text.size(), fence + closingFence.size() - 1 + longestGap));
     QString rest;
     m_tags = PLFrontMatter::fieldsFromString(header, &rest).value(u"tags"_s);
     m_bodyStart = header.size() - rest.size();
-}
-
-void PLPageText::split(const QString &text)
-{
-    m_tags = PLFrontMatter::fieldsFromString(text, &m_text).value(u"tags"_s);
 }

@@ -12,36 +12,50 @@ bool isFence(QStringView trimmed)
     return trimmed.startsWith(u"```");
 }
 
+constexpr char16_t quoteStart[] = u"<blockquote>\n";
+constexpr char16_t quoteEnd[] = u"</blockquote>\n";
+constexpr qsizetype quoteLength = qsizetype(std::size(quoteStart) + std::size(quoteEnd)) - 2;
+
+/// How many quotes a line opens at most.
+qsizetype quoteMarkCount(QStringView trimmed)
+{
+    qsizetype count = 0;
+    for (const QChar unit : trimmed) {
+        if (unit == u'>')
+            ++count;
+        else if (!PLIsBlank(unit.unicode()))
+            break;
+    }
+    return count;
+}
+
 } // namespace
 
 PLBlockWalker::PLBlockWalker(PLHTMLWriter *html) : m_html(html), m_inline(html) {}
 
-void PLBlockWalker::addLine(QStringView line)
+void PLBlockWalker::Line::removeQuoteMark()
 {
-    QStringView trimmed = PLTrimmedBlanks(line);
+    text = trimmed.sliced(trimmed.startsWith(u"> ") ? 2 : 1);
+    trimmed = PLTrimmedBlanks(text);
+}
+
+void PLBlockWalker::addLine(QStringView text)
+{
+    Line line = {text, PLTrimmedBlanks(text)};
     qsizetype depth = 0;
-    while ((depth < m_depth || !isInCode()) && trimmed.startsWith(u'>')) {
-        if (depth == m_depth)
-            openQuote();
-        ++depth;
-        line = trimmed.sliced(1);
-        if (line.startsWith(u' '))
-            line = line.sliced(1);
-        trimmed = PLTrimmedBlanks(line);
-    }
+    for (; depth < m_depth && line.isQuoted(); ++depth)
+        line.removeQuoteMark();
     closeQuotesBelow(depth);
-    if (isInCode() && !isFence(trimmed)) {
-        addCodeLine(line);
-    } else if (isFence(trimmed)) {
-        const bool opens = !isInCode();
+    if (line.isQuoted() && !isInCode())
+        openQuotes(&line);
+    if (isFence(line.trimmed))
+        addFence();
+    else if (isInCode())
+        addCodeLine(line.text);
+    else if (line.trimmed.isEmpty())
         closeBlock();
-        if (opens)
-            openBlock(Block::EmptyCode);
-    } else if (trimmed.isEmpty()) {
-        closeBlock();
-    } else {
-        addTextLine(trimmed);
-    }
+    else
+        addTextLine(line.trimmed);
 }
 
 void PLBlockWalker::finish()
@@ -50,11 +64,15 @@ void PLBlockWalker::finish()
     closeBlock();
 }
 
-void PLBlockWalker::openQuote()
+/// Opens a quote for each mark that the line begins with; room for all of them is made at once.
+void PLBlockWalker::openQuotes(Line *line)
 {
     closeBlock();
-    m_html->append(u"<blockquote>\n");
-    ++m_depth;
+    m_html->reserve(m_html->size() + quoteMarkCount(line->trimmed) * quoteLength);
+    for (; line->isQuoted(); ++m_depth) {
+        m_html->append(quoteStart);
+        line->removeQuoteMark();
+    }
 }
 
 /// Closes the quotes that hold the quotes deeper than `depth`, innermost first.
@@ -64,7 +82,7 @@ void PLBlockWalker::closeQuotesBelow(qsizetype depth)
         return;
     closeBlock();
     for (; m_depth > depth; --m_depth)
-        m_html->append(u"</blockquote>\n");
+        m_html->append(quoteEnd);
 }
 
 void PLBlockWalker::closeBlock()
@@ -101,6 +119,14 @@ void PLBlockWalker::openBlock(Block block)
         m_html->append(u"<ol>\n");
     else
         m_html->append(u"<pre><code>");
+}
+
+void PLBlockWalker::addFence()
+{
+    const bool opensCode = !isInCode();
+    closeBlock();
+    if (opensCode)
+        openBlock(Block::EmptyCode);
 }
 
 void PLBlockWalker::addCodeLine(QStringView line)

@@ -22,11 +22,22 @@ public:
 private:
     enum class Block { None, Paragraph, BulletedList, NumberedList, EmptyCode, Code };
 
+    /// A line inside the quotes entered so far.
+    struct Line
+    {
+        QStringView text;
+        QStringView trimmed;
+
+        bool isQuoted() const { return trimmed.startsWith(u'>'); }
+        void removeQuoteMark();
+    };
+
     bool isInCode() const { return m_block == Block::EmptyCode || m_block == Block::Code; }
-    void openQuote();
+    void openQuotes(Line *line);
     void closeQuotesBelow(qsizetype depth);
     void closeBlock();
     void openBlock(Block block);
+    void addFence();
     void addCodeLine(QStringView line);
     void addTextLine(QStringView trimmed);
     void addHeading(const PLBlockLine &line);

@@ -14,17 +14,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Adds a line for each stretch of the body between line ends: line feeds, and "\r\n".
-void addBody(PLBlockWalker &walker, QStringView body)
+/// Adds a line for each stretch of the body between line feeds.
+void addBody(PLBlockWalker &walker, const PLPageText &page)
 {
+    QStringView body = page.body();
     for (;;) {
         const qsizetype end = PLPositionOf(u'\n', body, 0);
         if (end == body.size()) {
             walker.addLine(body);
             return;
         }
-        const bool hasCarriageReturn = end > 0 && body[end - 1] == u'\r';
-        walker.addLine(body.first(hasCarriageReturn ? end - 1 : end));
+        const bool isPair = page.hasCarriageReturns() && end > 0 && body[end - 1] == u'\r';
+        walker.addLine(body.first(isPair ? end - 1 : end));
         body = body.sliced(end + 1);
     }
 }
@@ -53,7 +54,7 @@ QString PLMarkdown::HTMLFromMarkdown(const QString &text)
     if (!page.tags().isEmpty())
         appendTags(html, page.tags());
     PLBlockWalker walker(&html);
-    addBody(walker, page.body());
+    addBody(walker, page);
     walker.finish();
     if (html.size() > 0)
         return html.take();

@@ -24,6 +24,7 @@ PLPageText::PLPageText(const QString &text) : m_text(text)
     const QString header = fence < 0 ? text : text.first(qMin(text.size(), bodyEnd));
     if (fence < 0 || header.contains(u'\r')) {
         m_tags = PLFrontMatter::fieldsFromString(text, &m_text).value(u"tags"_s);
+        m_hasCarriageReturns = false;
         return;
     }
     QString rest;

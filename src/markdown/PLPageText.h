@@ -14,11 +14,14 @@ public:
 
     /// The value of the field "tags"; null if there is none.
     const QString &tags() const { return m_tags; }
-    /// The body, where "\r\n" may stand for a line feed. Lives as long as this object.
+    /// Lives as long as this object.
     QStringView body() const { return QStringView(m_text).sliced(m_bodyStart); }
+    /// Whether "\r\n" in the body still stands for a line feed.
+    bool hasCarriageReturns() const { return m_hasCarriageReturns; }
 
 private:
     QString m_text;
     QString m_tags;
     qsizetype m_bodyStart = 0;
+    bool m_hasCarriageReturns = true;
 };

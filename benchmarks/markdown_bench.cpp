@@ -15,6 +15,10 @@
 
 #include <unicode/ubrk.h>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -112,14 +116,14 @@ std::vector<double> bestTimes(
     return best;
 }
 
-/// Makes the allocator keep large blocks from now on, as in a program that has run for a while, so that each
-/// renderer gets warm memory whatever ran before it.
-void warmAllocator()
+/// Makes the allocator keep what is freed, so that the renderers are measured and not the kernel's handing
+/// out of fresh pages, which depends on the size of the output and on what ran before.
+void keepFreedMemory()
 {
-    void *block = std::malloc(31u << 20);
-    std::memset(block, 1, 31u << 20);
-    keep(size_t(static_cast<unsigned char *>(block)[1 << 20]));
-    std::free(block);
+#ifdef __GLIBC__
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+#endif
 }
 
 void compareRenderers(const QString &text)
@@ -265,7 +269,7 @@ int main(int argumentCount, char **arguments)
     if (folders.isEmpty() && qEnvironmentVariableIsSet("AQUILANE_CORPUS"))
         folders.append(qEnvironmentVariable("AQUILANE_CORPUS"));
     const QString text = readText(folders);
-    warmAllocator();
+    keepFreedMemory();
     compareRenderers(text);
     compareWordCounts(text);
     measureGrowth(text);

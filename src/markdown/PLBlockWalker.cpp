@@ -3,8 +3,6 @@
 
 #include "markdown/PLBlockWalker.h"
 
-#include "markdown/PLCharacters.h"
-
 namespace {
 
 bool isFence(QStringView trimmed)
@@ -32,12 +30,6 @@ qsizetype quoteMarkCount(QStringView trimmed)
 } // namespace
 
 PLBlockWalker::PLBlockWalker(PLHTMLWriter *html) : m_html(html), m_inline(html) {}
-
-void PLBlockWalker::Line::removeQuoteMark()
-{
-    text = trimmed.sliced(trimmed.startsWith(u"> ") ? 2 : 1);
-    trimmed = PLTrimmedBlanks(text);
-}
 
 void PLBlockWalker::addLine(QStringView text)
 {

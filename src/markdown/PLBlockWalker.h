@@ -4,6 +4,7 @@
 #pragma once
 
 #include "markdown/PLBlockLine.h"
+#include "markdown/PLCharacters.h"
 #include "markdown/PLInlineRenderer.h"
 
 /// Renders the blocks of a page, fed line by line. Quotes are nested by a count, not by recursion: of the
@@ -28,8 +29,13 @@ private:
         QStringView text;
         QStringView trimmed;
 
-        bool isQuoted() const { return trimmed.startsWith(u'>'); }
-        void removeQuoteMark();
+        bool isQuoted() const { return !trimmed.isEmpty() && trimmed.front() == u'>'; }
+        void removeQuoteMark()
+        {
+            const bool hasSpace = trimmed.size() > 1 && trimmed[1] == u' ';
+            text = trimmed.sliced(hasSpace ? 2 : 1);
+            trimmed = PLTrimmedBlanks(text);
+        }
     };
 
     bool isInCode() const { return m_block == Block::EmptyCode || m_block == Block::Code; }

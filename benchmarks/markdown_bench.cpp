@@ -188,7 +188,7 @@ QString filled(const QString &shape, qsizetype size)
 
 QString flowing(const QString &text)
 {
-    QString line = text;
+    QString line = u"Il y avait "_s + text;
     return line.replace(u'\n', u' ');
 }
 

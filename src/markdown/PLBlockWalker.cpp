@@ -14,6 +14,23 @@ constexpr char16_t quoteStart[] = u"<blockquote>\n";
 constexpr char16_t quoteEnd[] = u"</blockquote>\n";
 constexpr qsizetype quoteLength = qsizetype(std::size(quoteStart) + std::size(quoteEnd)) - 2;
 
+/// Whether a line that begins so can be nothing but text: letters of Latin to Hebrew, dashes and curved
+/// quotes.
+bool startsText(QChar first)
+{
+    const char16_t unit = first.unicode();
+    const char16_t lowerCase = unit | 0x20;
+    return (lowerCase >= u'a' && lowerCase <= u'z') || (unit > 0xA0 && unit < 0x600) ||
+           (unit >= 0x2010 && unit <= 0x2027);
+}
+
+/// The line without the "\r" that belongs to its end.
+QStringView lineBefore(QStringView text, qsizetype lineFeed, bool hasPairs)
+{
+    const bool isPair = hasPairs && lineFeed > 0 && lineFeed < text.size() && text[lineFeed - 1] == u'\r';
+    return text.first(isPair ? lineFeed - 1 : lineFeed);
+}
+
 /// How many quotes a line opens at most.
 qsizetype quoteMarkCount(QStringView trimmed)
 {
@@ -48,6 +65,26 @@ void PLBlockWalker::addLine(QStringView text)
         closeBlock();
     else
         addTextLine(line.trimmed);
+}
+
+qsizetype PLBlockWalker::addFirstLine(QStringView text, bool hasPairs)
+{
+    if (text.isEmpty() || !startsText(text.front()) || (m_depth == 0 && isInCode())) {
+        const qsizetype lineFeed = PLPositionOf(u'\n', text, 0);
+        addLine(lineBefore(text, lineFeed, hasPairs));
+        return lineFeed;
+    }
+    closeQuotesBelow(0);
+    startParagraphLine();
+    const qsizetype start = m_html->size();
+    const qsizetype plain = m_html->appendPlain(text);
+    const qsizetype lineFeed = PLPositionOf(u'\n', text, plain);
+    const QStringView line = PLTrimmedBlanks(lineBefore(text, lineFeed, hasPairs));
+    if (plain >= line.size())
+        m_html->truncate(start + line.size());
+    else
+        m_inline.continueLine(start, line.sliced(plain));
+    return lineFeed;
 }
 
 void PLBlockWalker::finish()
@@ -147,7 +184,8 @@ void PLBlockWalker::addTextLine(QStringView trimmed)
         addItem(Block::NumberedList, line.text);
         break;
     case PLLineKind::Text:
-        addParagraphLine(line.text);
+        startParagraphLine();
+        m_inline.appendLine(line.text);
         break;
     }
 }
@@ -174,11 +212,10 @@ void PLBlockWalker::addItem(Block list, QStringView text)
 }
 
 /// Each line end inside a paragraph is a hard break.
-void PLBlockWalker::addParagraphLine(QStringView text)
+void PLBlockWalker::startParagraphLine()
 {
     if (m_block == Block::Paragraph)
         m_html->append(u"<br>\n");
     else
         openBlock(Block::Paragraph);
-    m_inline.appendLine(text);
 }

@@ -17,6 +17,11 @@ public:
 
     void addLine(QStringView line);
 
+    /// Adds the line that the text begins with; answers the position of the line feed after it, or the text's
+    /// length. With `hasPairs`, "\r\n" ends a line too. The same as cutting the line out and adding it, but
+    /// for the time: a line of plain text is read once.
+    qsizetype addFirstLine(QStringView text, bool hasPairs);
+
     /// After the last line: closes what is still open.
     void finish();
 
@@ -48,7 +53,7 @@ private:
     void addTextLine(QStringView trimmed);
     void addHeading(const PLBlockLine &line);
     void addItem(Block list, QStringView text);
-    void addParagraphLine(QStringView text);
+    void startParagraphLine();
 
     PLHTMLWriter *m_html;
     PLInlineRenderer m_inline;

@@ -4,6 +4,7 @@
 #include "markdown/PLHTMLWriter.h"
 
 #include <array>
+#include <bit>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -18,7 +19,8 @@ enum Action : unsigned char {
     NoteAsterisk = PLAsteriskMark,
     NoteUnderscore = PLUnderscoreMark,
     NoteTilde = PLTildeMark,
-    LastNote = PLTildeMark,
+    AllNotes = PLBracketMark | PLAsteriskMark | PLUnderscoreMark | PLTildeMark,
+    MeetLineFeed,
     WriteEntity,
     MeetBackquote,
 };
@@ -34,52 +36,54 @@ constexpr std::array<unsigned char, 128> actions = [] {
     table[u'>'] = WriteEntity;
     table[u'"'] = WriteEntity;
     table[u'`'] = MeetBackquote;
+    table[u'\n'] = MeetLineFeed;
     return table;
 }();
 
 constexpr qsizetype blockSize = 32;
+constexpr uint32_t noUnit = 0;
 
 #ifdef __SSE2__
-/// Copies a block; answers whether one of its units may have an action ("|" is taken for one of "<", ">" and
-/// "~"). Sixteen units at a time as bytes: saturation makes what is no byte 0 or 255, which have none.
-bool copyBlock(const char16_t *units, char16_t *copy)
+/// A bit for each of sixteen bytes that may be an action: one of `& " _ [ < > ~ | * `` or a line feed.
+uint32_t actionBits(__m128i bytes)
 {
     const auto bytesOf = [](char16_t unit) { return _mm_set1_epi8(char(unit)); };
-    __m128i found = _mm_setzero_si128();
-    for (qsizetype start = 0; start < blockSize; start += 16) {
-        const auto *source = reinterpret_cast<const __m128i *>(units + start);
-        auto *target = reinterpret_cast<__m128i *>(copy + start);
-        const __m128i first = _mm_loadu_si128(source);
-        const __m128i second = _mm_loadu_si128(source + 1);
-        _mm_storeu_si128(target, first);
-        _mm_storeu_si128(target + 1, second);
-        const __m128i bytes = _mm_packus_epi16(first, second);
-        const __m128i with4 = _mm_or_si128(bytes, bytesOf(4));
-        const __m128i with42 = _mm_or_si128(bytes, bytesOf(0x42));
-        const auto find = [&found](__m128i units8, __m128i wanted) {
-            found = _mm_or_si128(found, _mm_cmpeq_epi8(units8, wanted));
-        };
-        find(with4, bytesOf(u'&'));
-        find(with4, bytesOf(u'_'));
-        find(with42, bytesOf(u'~'));
-        find(bytes, bytesOf(u'*'));
-        find(bytes, bytesOf(u'`'));
-    }
-    return _mm_movemask_epi8(found) != 0;
+    const __m128i with4 = _mm_or_si128(bytes, bytesOf(4));
+    const __m128i with42 = _mm_or_si128(bytes, bytesOf(0x42));
+    __m128i found = _mm_or_si128(_mm_cmpeq_epi8(with4, bytesOf(u'&')), _mm_cmpeq_epi8(with4, bytesOf(u'_')));
+    found = _mm_or_si128(found, _mm_cmpeq_epi8(with42, bytesOf(u'~')));
+    found = _mm_or_si128(found, _mm_cmpeq_epi8(bytes, bytesOf(u'*')));
+    found = _mm_or_si128(found, _mm_cmpeq_epi8(bytes, bytesOf(u'`')));
+    found = _mm_or_si128(found, _mm_cmpeq_epi8(bytes, bytesOf(u'\n')));
+    return uint32_t(_mm_movemask_epi8(found));
+}
+
+/// Copies sixteen units and looks at them as bytes: saturation makes what is no byte 0 or 255, which have no
+/// action.
+uint32_t copyHalfBlock(const char16_t *units, char16_t *copy)
+{
+    const auto *source = reinterpret_cast<const __m128i *>(units);
+    auto *target = reinterpret_cast<__m128i *>(copy);
+    const __m128i first = _mm_loadu_si128(source);
+    const __m128i second = _mm_loadu_si128(source + 1);
+    _mm_storeu_si128(target, first);
+    _mm_storeu_si128(target + 1, second);
+    return actionBits(_mm_packus_epi16(first, second));
+}
+
+/// Copies a block; answers a bit for each of its units that may have an action ("|" is taken for one).
+uint32_t copyBlock(const char16_t *units, char16_t *copy)
+{
+    return copyHalfBlock(units, copy) | copyHalfBlock(units + 16, copy + 16) << 16;
 }
 #else
-/// Copies a block; answers whether one of its units may have an action ("|" is taken for one of "<", ">" and
-/// "~"). Without a branch, so that the compiler makes vectors of it.
-bool copyBlock(const char16_t *units, char16_t *copy)
+uint32_t copyBlock(const char16_t *units, char16_t *copy)
 {
-    uint16_t found = 0;
-    for (qsizetype index = 0; index < blockSize; ++index) {
-        const char16_t unit = units[index];
-        found |= uint16_t(((unit | 4) == u'&') | ((unit | 4) == u'_') | ((unit | 0x42) == u'~') |
-                          (unit == u'*') | (unit == u'`'));
-    }
+    uint32_t found = noUnit;
+    for (qsizetype index = 0; index < blockSize; ++index)
+        found |= uint32_t(units[index] < actions.size() && actions[units[index]] != CopyIt) << index;
     std::memcpy(copy, units, blockSize * sizeof(char16_t));
-    return found != 0;
+    return found;
 }
 #endif
 
@@ -88,16 +92,22 @@ Action actionOf(char16_t unit)
     return unit < actions.size() ? Action(actions[unit]) : CopyIt;
 }
 
-/// Copies the blocks that have no action; answers how many units that is.
-qsizetype copyPlainBlocks(const char16_t *units, qsizetype size, char16_t *copy)
+/// Copies units up to the first one that has an action; answers how many. Those after it may be copied too.
+qsizetype copyPlain(const char16_t *units, qsizetype size, char16_t *copy)
 {
-    qsizetype copied = 0;
-    while (size - copied >= blockSize && !copyBlock(units + copied, copy + copied))
-        copied += blockSize;
-    if (size < blockSize || size - copied >= blockSize)
-        return copied;
-    const qsizetype last = size - blockSize; // this block reaches back over what is copied already
-    return copyBlock(units + last, copy + last) ? copied : size;
+    qsizetype position = 0;
+    while (size - position >= blockSize) {
+        for (uint32_t found = copyBlock(units + position, copy + position); found != noUnit;
+             found &= found - 1) {
+            const qsizetype index = position + std::countr_zero(found);
+            if (actionOf(units[index]) != CopyIt)
+                return index;
+        }
+        position += blockSize;
+    }
+    for (; position < size && actionOf(units[position]) == CopyIt; ++position)
+        copy[position] = units[position];
+    return position;
 }
 
 } // namespace
@@ -127,25 +137,32 @@ void PLHTMLWriter::appendEscaped(QStringView text)
     }
 }
 
+qsizetype PLHTMLWriter::appendPlain(QStringView text)
+{
+    makeRoom(text.size());
+    const qsizetype length = copyPlain(text.utf16(), text.size(), m_units + m_size);
+    m_size += length;
+    return length;
+}
+
 qsizetype PLHTMLWriter::appendEscapedUntilBackquote(QStringView text, unsigned *marks)
 {
     const char16_t *const units = text.utf16();
     qsizetype position = 0;
     while (position < text.size()) {
-        makeRoom(text.size() - position);
-        const qsizetype plain = copyPlainBlocks(units + position, text.size() - position, m_units + m_size);
-        m_size += plain;
-        position += plain;
+        position += appendPlain(text.sliced(position));
+        // where there is one action there are others
         for (const qsizetype end = qMin(position + blockSize, text.size()); position < end; ++position) {
             const Action action = actionOf(units[position]);
             if (action == MeetBackquote)
                 return position;
-            if (action > LastNote) {
+            if (action == WriteEntity) {
                 appendEntity(units[position]);
                 makeRoom(text.size() - position);
                 continue;
             }
-            *marks |= action;
+            const bool isDouble = position > 0 && units[position - 1] == units[position];
+            *marks |= unsigned(action & AllNotes) * (isDouble ? 0x11 : 1);
             m_units[m_size++] = units[position];
         }
     }

@@ -38,6 +38,10 @@ public:
         m_size += Size - 1;
     }
 
+    /// Appends the text up to the first line feed, back-quote, mark or character that needs an entity;
+    /// answers how many units that is.
+    qsizetype appendPlain(QStringView text);
+
     /// Appends the text with "&", "<", ">" and the double quote as entities.
     void appendEscaped(QStringView text);
 
@@ -63,10 +67,13 @@ private:
     qsizetype m_capacity = 0;
 };
 
-/// The characters that can open an inline rule.
+/// The characters that can open an inline rule, alone and twice in a row.
 enum PLMark : unsigned {
     PLBracketMark = 1,
     PLAsteriskMark = 2,
     PLUnderscoreMark = 4,
     PLTildeMark = 8,
+    PLDoubleAsteriskMark = PLAsteriskMark << 4,
+    PLDoubleUnderscoreMark = PLUnderscoreMark << 4,
+    PLDoubleTildeMark = PLTildeMark << 4,
 };

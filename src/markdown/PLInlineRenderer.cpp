@@ -18,11 +18,15 @@ constexpr PLEmphasisRule emphasisRules[] = {
     {u'~', 2, false, u"<del>", u"</del>"},
 };
 
-unsigned markBit(char16_t mark)
+/// The mark that a rule's delimiter holds.
+unsigned markOf(const PLEmphasisRule &rule)
 {
-    if (mark == u'*')
-        return PLAsteriskMark;
-    return mark == u'_' ? PLUnderscoreMark : PLTildeMark;
+    const bool isDouble = rule.delimiterLength > 1;
+    if (rule.mark == u'*')
+        return isDouble ? PLDoubleAsteriskMark : PLAsteriskMark;
+    if (rule.mark == u'_')
+        return isDouble ? PLDoubleUnderscoreMark : PLUnderscoreMark;
+    return PLDoubleTildeMark;
 }
 
 QStringView content(QStringView text, const PLSpanMatch &match)
@@ -66,21 +70,26 @@ PLInlineRenderer::PLInlineRenderer(PLHTMLWriter *html) : m_html(html) {}
 
 void PLInlineRenderer::appendLine(QStringView line)
 {
-    for (;;) {
-        const qsizetype opening = appendSpanUntilBackquote(line);
-        if (opening == line.size())
+    continueLine(m_html->size(), line);
+}
+
+void PLInlineRenderer::continueLine(qsizetype start, QStringView rest)
+{
+    for (;; start = m_html->size()) {
+        const qsizetype opening = appendSpanUntilBackquote(start, rest);
+        if (opening == rest.size())
             return;
-        line = line.sliced(opening + 1);
-        const qsizetype closing = PLPositionOf(u'`', line, 0);
-        if (closing == line.size()) {
+        rest = rest.sliced(opening + 1);
+        const qsizetype closing = PLPositionOf(u'`', rest, 0);
+        if (closing == rest.size()) {
             m_html->append(u"`");
-            appendSpanUntilBackquote(line);
+            appendSpanUntilBackquote(m_html->size(), rest);
             return;
         }
         m_html->append(u"<code>");
-        m_html->appendEscaped(line.first(closing));
+        m_html->appendEscaped(rest.first(closing));
         m_html->append(u"</code>");
-        line = line.sliced(closing + 1);
+        rest = rest.sliced(closing + 1);
     }
 }
 
@@ -98,9 +107,10 @@ void PLInlineRenderer::appendSpan(QStringView span)
     applyRules(start, marks);
 }
 
-qsizetype PLInlineRenderer::appendSpanUntilBackquote(QStringView text)
+/// Ends the span that begins at `start` of what is written: answers where its back-quote is, or the text's
+/// length.
+qsizetype PLInlineRenderer::appendSpanUntilBackquote(qsizetype start, QStringView text)
 {
-    const qsizetype start = m_html->size();
     unsigned marks = 0;
     const qsizetype length = m_html->appendEscapedUntilBackquote(text, &marks);
     applyRules(start, marks);
@@ -120,7 +130,7 @@ void PLInlineRenderer::applyRules(qsizetype start, unsigned marks)
         replaceMatches(start, PLLinkScanner(PLLinkKind::Link, m_html->viewFrom(start)), writeLink);
     }
     for (const PLEmphasisRule &rule : emphasisRules) {
-        if (!(marks & markBit(rule.mark)))
+        if (!(marks & markOf(rule)))
             continue;
         const auto writeEmphasis = [&rule](PLHTMLWriter &html, QStringView text, const PLSpanMatch &match) {
             html.append(rule.openingTags);

@@ -15,11 +15,14 @@ public:
     /// Appends the line rendered.
     void appendLine(QStringView line);
 
+    /// Appends the rest of a line whose beginning, free of marks, was written as it is from `start` on.
+    void continueLine(qsizetype start, QStringView rest);
+
     /// Appends a stretch rendered without looking for code spans.
     void appendSpan(QStringView span);
 
 private:
-    qsizetype appendSpanUntilBackquote(QStringView text);
+    qsizetype appendSpanUntilBackquote(qsizetype start, QStringView text);
     void applyRules(qsizetype start, unsigned marks);
     template <typename Scanner, typename WriteMatch>
     void replaceMatches(qsizetype start, Scanner scanner, WriteMatch writeMatch);

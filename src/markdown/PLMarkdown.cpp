@@ -6,7 +6,6 @@
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
 #include "markdown/PLBlockWalker.h"
-#include "markdown/PLCharacters.h"
 #include "markdown/PLPageText.h"
 #include "markdown/PLWordCounter.h"
 
@@ -19,14 +18,10 @@ void addBody(PLBlockWalker &walker, const PLPageText &page)
 {
     QStringView body = page.body();
     for (;;) {
-        const qsizetype end = PLPositionOf(u'\n', body, 0);
-        if (end == body.size()) {
-            walker.addLine(body);
+        const qsizetype lineFeed = walker.addFirstLine(body, page.hasCarriageReturns());
+        if (lineFeed == body.size())
             return;
-        }
-        const bool isPair = page.hasCarriageReturns() && end > 0 && body[end - 1] == u'\r';
-        walker.addLine(body.first(isPair ? end - 1 : end));
-        body = body.sliced(end + 1);
+        body = body.sliced(lineFeed + 1);
     }
 }
 

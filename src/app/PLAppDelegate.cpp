@@ -4,6 +4,7 @@
 #include "app/PLAppDelegate.h"
 
 #include "app/PLMainMenu.h"
+#include "app/PLPreferencesWindowController.h"
 #include "app/PLRelaunch.h"
 #include "foundation/PLPreferences.h"
 #include "foundation/PLText.h"
@@ -151,6 +152,18 @@ void PLAppDelegate::showLibrary()
     m_library->showWindow();
 }
 
+void PLAppDelegate::showPreferences()
+{
+    if (!m_preferences) {
+        m_preferences = std::make_unique<PLPreferencesWindowController>();
+        // The alert that asks is still open: let it close before the program does.
+        m_preferences->setRestartHandler(
+            [this] { QMetaObject::invokeMethod(this, &PLAppDelegate::relaunch, Qt::QueuedConnection); });
+        PLInstallMainMenu(*m_preferences->window());
+    }
+    m_preferences->showWindow();
+}
+
 void PLAppDelegate::showAbout()
 {
     auto *panel = new QMessageBox;
@@ -210,6 +223,7 @@ std::optional<PLCommandState> PLAppDelegate::stateOfCommand(PLCommand command, i
 {
     switch (command) {
     case PLCommand::ShowAbout:
+    case PLCommand::ShowPreferences:
     case PLCommand::ShowLibrary:
     case PLCommand::NewProject:
     case PLCommand::OpenProject:
@@ -226,6 +240,8 @@ void PLAppDelegate::performCommand(PLCommand command, int)
     switch (command) {
     case PLCommand::ShowAbout:
         return showAbout();
+    case PLCommand::ShowPreferences:
+        return showPreferences();
     case PLCommand::ShowLibrary:
         return showLibrary();
     case PLCommand::NewProject:

@@ -12,6 +12,7 @@
 #include <memory>
 #include <vector>
 
+class PLPreferencesWindowController;
 class PLProject;
 class PLProjectWindowController;
 
@@ -40,6 +41,7 @@ public:
     void newProject() override;
     void openProject() override;
     void showLibrary();
+    void showPreferences();
     void showAbout();
 
     /// Saves every page, asking where that fails; true if the program may end.
@@ -75,6 +77,7 @@ private:
 
     std::vector<std::unique_ptr<PLProjectWindowController>> m_projectWindows;
     std::unique_ptr<PLLibraryWindowController> m_library;
+    std::unique_ptr<PLPreferencesWindowController> m_preferences;
     bool m_relaunching = false;
     bool m_terminating = false;
 };

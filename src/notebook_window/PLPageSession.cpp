@@ -26,6 +26,7 @@ constexpr QChar byteOrderMark(0xFEFF);
 PLPageSession::PLPageSession(PLEditorView &editor, QObject *parent)
     : QObject(parent)
     , m_editor(editor)
+    , m_saveTimer(this)
 {
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(autosaveDelay);

@@ -8,8 +8,25 @@
 #include "storage/PLProject.h"
 
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 using Kind = PLSidebarNode::Kind;
+
+namespace {
+
+/// The row under this tag (which may be null) for the same file as the reference, null if there is none.
+const PLSidebarNode *referenceUnderTag(const PLSidebarTag *tag, const PLTagReference &reference)
+{
+    if (!tag)
+        return nullptr;
+    for (const auto &candidate : tag->children()) {
+        if (PLItemOfNode(candidate.get())->isSameFileAsItem(reference.referencedItem.get()))
+            return candidate.get();
+    }
+    return nullptr;
+}
+
+} // namespace
 
 PLSidebarController::PLSidebarController(const PLProject &project, QObject *parent)
     : QObject(parent)
@@ -51,10 +68,7 @@ PLSidebarNode *PLSidebarController::selectedNode() const
 
 void PLSidebarController::reloadSidebarData()
 {
-    auto tree = std::make_unique<PLSidebarTree>(m_project);
-    const QScopedValueRollback reloading(m_reloading, true);
-    m_model.setTree(std::move(tree));
-    expandSectionsAndKnownTags();
+    showTree(std::make_unique<PLSidebarTree>(m_project));
 }
 
 void PLSidebarController::selectSidebarObject(const PLSidebarNode *node)
@@ -87,11 +101,7 @@ void PLSidebarController::refreshSidebar(const QUrl &currentURL)
     const PLSidebarNode *target = selected ? equivalentOf(*selected, *newTree) : nullptr;
     if (!target)
         target = newTree->sectionItemForURL(currentURL);
-    {
-        const QScopedValueRollback reloading(m_reloading, true);
-        m_model.setTree(std::move(newTree));
-        expandSectionsAndKnownTags();
-    }
+    showTree(std::move(newTree));
     selectSidebarObject(target);
 }
 
@@ -118,6 +128,17 @@ void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
     m_titleItem = PLItemOfNode(selectedNode());
     m_view->setFocus();
     m_view->edit(m_view->currentIndex());
+}
+
+/// The rows that were in sight stay where they are.
+void PLSidebarController::showTree(std::unique_ptr<PLSidebarTree> tree)
+{
+    const QScopedValueRollback reloading(m_reloading, true);
+    const int scrollPosition = m_view->verticalScrollBar()->value();
+    m_model.setTree(std::move(tree));
+    expandSectionsAndKnownTags();
+    m_view->doItemsLayout();
+    m_view->verticalScrollBar()->setValue(scrollPosition);
 }
 
 void PLSidebarController::rememberExpansion(const QModelIndex &index, bool isExpanded)
@@ -159,12 +180,8 @@ const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node
     switch (node.kind()) {
     case Kind::Reference: {
         const auto &reference = static_cast<const PLTagReference &>(node);
-        const PLSidebarTag *tag = newTree.sidebarTagNamed(reference.parentTagName);
-        for (size_t index = 0; tag && index < tag->children().size(); ++index) {
-            const PLSidebarNode *candidate = tag->children()[index].get();
-            if (PLItemOfNode(candidate)->isSameFileAsItem(reference.referencedItem.get()))
-                return candidate;
-        }
+        if (const PLSidebarNode *same = referenceUnderTag(newTree.sidebarTagNamed(reference.parentTagName), reference))
+            return same;
         return newTree.sectionItemForURL(reference.referencedItem->fileURL());
     }
     case Kind::Tag: {

@@ -56,6 +56,7 @@ Q_SIGNALS:
     void titleEditingCancelled(const PLProjectItemPointer &item);
 
 private:
+    void showTree(std::unique_ptr<PLSidebarTree> tree);
     void rememberExpansion(const QModelIndex &index, bool isExpanded);
     void expandSectionsAndKnownTags();
     bool isInSight(const QModelIndex &index) const;

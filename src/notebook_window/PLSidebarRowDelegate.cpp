@@ -77,8 +77,9 @@ void drawAddButton(QPainter &painter, const QRect &button)
 
 void drawSelection(QPainter &painter, const QStyleOptionViewItem &option)
 {
-    const bool hasFocus = option.state.testFlag(QStyle::State_Active) && option.state.testFlag(QStyle::State_HasFocus);
-    painter.fillRect(option.rect, PLTheme::shadowed(PLTheme::coverColor(), hasFocus ? 0.18 : 0.1));
+    const bool isActive = option.state.testFlag(QStyle::State_Active);
+    painter.fillRect(option.rect,
+                     option.palette.brush(isActive ? QPalette::Active : QPalette::Inactive, QPalette::Highlight));
 }
 
 bool canAdd(const PLSidebarNode &node)

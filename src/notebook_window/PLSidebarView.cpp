@@ -95,7 +95,8 @@ void PLSidebarView::applyColors()
     colors.setColor(QPalette::Window, PLTheme::coverColor());
     colors.setColor(QPalette::Text, PLTheme::inkColor());
     colors.setColor(QPalette::WindowText, PLTheme::inkColor());
-    colors.setColor(QPalette::Highlight, PLTheme::shadowed(PLTheme::coverColor(), 0.1));
+    colors.setColor(QPalette::Highlight, PLTheme::shadowed(PLTheme::coverColor(), 0.08));
+    colors.setColor(QPalette::Active, QPalette::Highlight, PLTheme::shadowed(PLTheme::coverColor(), 0.14));
     colors.setColor(QPalette::HighlightedText, PLTheme::inkColor());
     setPalette(colors);
 }

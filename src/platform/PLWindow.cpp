@@ -44,8 +44,9 @@ void PLWindow::makeKeyAndOrderFront()
 {
     if (isMinimized())
         setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (isVisible())
+        raise();
     show();
-    raise();
     activateWindow();
 }
 

@@ -31,7 +31,8 @@ int followLinks(QByteArray &path)
 {
     for (int links = 0; links <= mostLinksFollowed; ++links) {
         QByteArray target(PATH_MAX, Qt::Uninitialized);
-        const ssize_t length = ::readlink(path.constData(), target.data(), size_t(target.size()));
+        const ssize_t length =
+            PLRetried([&] { return ::readlink(path.constData(), target.data(), size_t(target.size())); });
         if (length < 0)
             return errno == EINVAL || errno == ENOENT ? 0 : errno;
         target.truncate(length);
@@ -50,7 +51,8 @@ int refusal(const Target &target, const struct stat &status, PLWriteMode mode)
     if (!S_ISREG(status.st_mode))
         return EINVAL;
     // A rename would replace a file that nobody may write to; any other program would refuse.
-    return ::faccessat(target.folder.number(), target.name.constData(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
+    const int folder = target.folder.number();
+    return PLFailureOf([&] { return ::faccessat(folder, target.name.constData(), W_OK, AT_EACCESS); });
 }
 
 int findTarget(QByteArray path, PLWriteMode mode, Target &target)
@@ -65,8 +67,11 @@ int findTarget(QByteArray path, PLWriteMode mode, Target &target)
     if (!target.folder.isOpen())
         return errno;
     struct stat status;
-    if (::fstatat(target.folder.number(), target.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return errno == ENOENT ? 0 : errno;
+    const int failure = PLFailureOf([&] {
+        return ::fstatat(target.folder.number(), target.name.constData(), &status, AT_SYMLINK_NOFOLLOW);
+    });
+    if (failure != 0)
+        return failure == ENOENT ? 0 : failure;
     target.exists = true;
     target.permissions = status.st_mode & 07777;
     return refusal(target, status, mode);
@@ -113,10 +118,11 @@ int writeAll(const PLDescriptor &file, const QByteArray &data)
 
 int keepPermissions(const PLDescriptor &file, const Target &target)
 {
-    if (!target.exists || PLRetried([&] { return ::fchmod(file.number(), target.permissions); }) == 0)
+    if (!target.exists)
         return 0;
+    const int failure = PLFailureOf([&] { return ::fchmod(file.number(), target.permissions); });
     // Disks without permissions, as most memory sticks, refuse this; the text matters more.
-    return errno == EPERM || errno == ENOTSUP || errno == ENOSYS ? 0 : errno;
+    return failure == EPERM || failure == ENOTSUP || failure == ENOSYS ? 0 : failure;
 }
 
 int fill(PLDescriptor &file, const Target &target, const QByteArray &data)
@@ -125,8 +131,8 @@ int fill(PLDescriptor &file, const Target &target, const QByteArray &data)
         return failure;
     if (const int failure = keepPermissions(file, target))
         return failure;
-    if (PLRetried([&] { return ::fsync(file.number()); }) != 0)
-        return errno;
+    if (const int failure = PLFailureOf([&] { return ::fsync(file.number()); }))
+        return failure;
     return file.close();
 }
 
@@ -135,11 +141,8 @@ int putInPlace(const Target &target, const QByteArray &temporary, PLWriteMode mo
     if (mode == PLWriteMode::CreateNew)
         return PLRenameWithoutReplacing(target.folder, temporary, target.folder, target.name);
     const int folder = target.folder.number();
-    return PLRetried([&] {
-               return ::renameat(folder, temporary.constData(), folder, target.name.constData());
-           }) == 0
-               ? 0
-               : errno;
+    return PLFailureOf(
+        [&] { return ::renameat(folder, temporary.constData(), folder, target.name.constData()); });
 }
 
 int writeFile(const QString &path, const QByteArray &data, PLWriteMode mode)

@@ -17,7 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QChar byteOrderMark(0xFEFF);
-constexpr qint64 firstChunk = 4096; // bytes; nearly every header fits
+constexpr qint64 firstChunk = 512; // bytes; nearly every header fits
+constexpr qint64 chunkGrowth = 8;
 
 /// The integer value of decimal digits of any script; the largest integer if they are too many.
 qint64 integerValue(const QString &digits)
@@ -163,7 +164,7 @@ bool PLProjectItem::writeContents(const QString &text, PLError *error, PLWriteMo
 QStringList PLProjectItem::readTags() const
 {
     const QString path = m_fileURL.toLocalFile();
-    for (qint64 limit = firstChunk;; limit *= 2) {
+    for (qint64 limit = firstChunk;; limit *= chunkGrowth) {
         const std::optional<QByteArray> bytes = PLReadFile(path, nullptr, limit);
         if (!bytes)
             return {};

@@ -40,7 +40,7 @@ public:
     /// Writes the text as UTF-8, whole or not at all (PLWriteFile).
     [[nodiscard]] bool writeContents(const QString &text, PLError *error = nullptr,
                                      PLWriteMode mode = PLWriteMode::Replace) const;
-    /// The tags of the header; reads no further than the header's end, and only 4 KiB of a page without one.
+    /// The tags of the header. Only the start of the page is read: 512 bytes, more if a header goes on there.
     QStringList readTags() const;
 
     /// True if both are the same file: the standardised paths are equal, case included. False against null.

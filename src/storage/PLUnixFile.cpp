@@ -22,23 +22,23 @@ bool isFolder(const QByteArray &path)
 int renameInTwoSteps(const PLDescriptor &fromFolder, const QByteArray &from, const PLDescriptor &toFolder,
                      const QByteArray &to)
 {
-    if (::linkat(fromFolder.number(), from.constData(), toFolder.number(), to.constData(), 0) == 0) {
-        if (::unlinkat(fromFolder.number(), from.constData(), 0) == 0)
-            return 0;
-        const int failure = errno;
-        ::unlinkat(toFolder.number(), to.constData(), 0);
+    const int source = fromFolder.number();
+    const int target = toFolder.number();
+    int failure = PLFailureOf([&] { return ::linkat(source, from.constData(), target, to.constData(), 0); });
+    if (failure == 0) {
+        failure = PLFailureOf([&] { return ::unlinkat(source, from.constData(), 0); });
+        if (failure != 0)
+            ::unlinkat(target, to.constData(), 0);
         return failure;
     }
-    if (errno != EPERM && errno != ENOTSUP && errno != ENOSYS)
-        return errno;
+    if (failure != EPERM && failure != ENOTSUP && failure != ENOSYS)
+        return failure;
     // No hard links either, as on many memory sticks: the look and the rename are as near as can be.
     struct stat status;
-    if (::fstatat(toFolder.number(), to.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
-        return EEXIST;
-    if (errno != ENOENT)
-        return errno;
-    return ::renameat(fromFolder.number(), from.constData(), toFolder.number(), to.constData()) == 0 ? 0
-                                                                                                     : errno;
+    failure = PLFailureOf([&] { return ::fstatat(target, to.constData(), &status, AT_SYMLINK_NOFOLLOW); });
+    if (failure != ENOENT)
+        return failure == 0 ? EEXIST : failure;
+    return PLFailureOf([&] { return ::renameat(source, from.constData(), target, to.constData()); });
 }
 
 int makeFolder(const PLPlace &place, mode_t mode)
@@ -46,9 +46,8 @@ int makeFolder(const PLPlace &place, mode_t mode)
     const PLDescriptor parent = PLOpenFolder(place.folder);
     if (!parent.isOpen())
         return errno;
-    if (::mkdirat(parent.number(), place.name.constData(), mode) != 0)
-        return errno;
-    return PLFlushFolder(parent);
+    const int failure = PLFailureOf([&] { return ::mkdirat(parent.number(), place.name.constData(), mode); });
+    return failure == 0 ? PLFlushFolder(parent) : failure;
 }
 
 } // namespace
@@ -74,23 +73,21 @@ PLDescriptor PLOpenFolder(const QByteArray &path)
 
 int PLFlushFolder(const PLDescriptor &folder)
 {
-    if (PLRetried([&] { return ::fsync(folder.number()); }) == 0)
-        return 0;
+    const int failure = PLFailureOf([&] { return ::fsync(folder.number()); });
     // Some network and user-space file systems have nothing to flush in a folder and say so in this way.
-    return errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+    return failure == EINVAL || failure == ENOTSUP ? 0 : failure;
 }
 
 int PLRenameWithoutReplacing(const PLDescriptor &fromFolder, const QByteArray &from,
                              const PLDescriptor &toFolder, const QByteArray &to)
 {
 #ifdef RENAME_NOREPLACE
-    if (PLRetried([&] {
-            return ::renameat2(fromFolder.number(), from.constData(), toFolder.number(), to.constData(),
-                               RENAME_NOREPLACE);
-        }) == 0)
-        return 0;
-    if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)
-        return errno;
+    const int failure = PLFailureOf([&] {
+        return ::renameat2(fromFolder.number(), from.constData(), toFolder.number(), to.constData(),
+                           RENAME_NOREPLACE);
+    });
+    if (failure != EINVAL && failure != ENOSYS && failure != ENOTSUP)
+        return failure;
 #endif
     return renameInTwoSteps(fromFolder, from, toFolder, to);
 }

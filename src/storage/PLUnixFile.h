@@ -58,6 +58,13 @@ auto PLRetried(Call call)
     return result;
 }
 
+/// Makes a call that answers 0 for success, and again as long as a signal interrupts it.
+template <typename Call>
+int PLFailureOf(Call call)
+{
+    return PLRetried(call) == 0 ? 0 : errno;
+}
+
 /// A path as the system takes it; empty, which no call accepts, for one with a NUL in it.
 QByteArray PLNativePath(const QString &path);
 

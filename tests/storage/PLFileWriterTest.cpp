@@ -18,6 +18,10 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#if __has_include(<sys/sysmacros.h>)
+#include <sys/sysmacros.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -285,8 +289,9 @@ void PLFileWriterTest::whatIsNotAFileIsNeverReplaced()
         qstrncpy(address.sun_path, native.constData(), sizeof address.sun_path);
         socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
         QCOMPARE(::bind(socket, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
-    } else {
-        QVERIFY(QFile::link(u"/dev/null"_s, name));
+    } else if (::mknod(native.constData(), S_IFCHR | 0600, makedev(1, 3)) != 0) {
+        // Never a link to the system's own: a writer with a fault, run by the superuser, would replace that.
+        QSKIP("only the superuser makes devices");
     }
     const QStringList namesBefore = PLNamesIn(m_folder->path());
     struct stat before;

@@ -265,7 +265,7 @@ void PLProjectItemTest::tagsOfThePageAreRead_data()
     const QByteArray filler = "x: " + QByteArray(4000, 'y') + '\n';
     QTest::newRow("a header longer than a chunk") << "---\n" + filler + filler + "tags: a, b\n---\n" << ab;
     QTest::newRow("a character at the end of a chunk")
-        << QByteArray("---\nx: ") + QByteArray(4088, 'y') + "\xC3\xA9\ntags: \xC3\xA9t\xC3\xA9\n---\n"
+        << QByteArray("---\nx: ") + QByteArray(504, 'y') + "\xC3\xA9\ntags: \xC3\xA9t\xC3\xA9\n---\n"
         << summer;
 }
 
@@ -279,11 +279,13 @@ void PLProjectItemTest::tagsOfThePageAreRead()
 void PLProjectItemTest::tagsAreThoseOfTheWholeText_data()
 {
     QTest::addColumn<int>("position");
-    for (int position = 4070; position <= 4110; ++position)
-        QTest::addRow("the fence ends at %d", position) << position;
+    for (const int chunk : {512, 4096}) {
+        for (int position = chunk - 26; position <= chunk + 14; ++position)
+            QTest::addRow("the fence ends at %d", position) << position;
+    }
 }
 
-/// Moves the end of the header over the end of the first chunk, byte by byte.
+/// Moves the end of the header over the end of the first two chunks, byte by byte.
 void PLProjectItemTest::tagsAreThoseOfTheWholeText()
 {
     QFETCH(int, position);

@@ -6,7 +6,6 @@
 #include "foundation/PLPreferences.h"
 #include "i18n/PLLocalization.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 /// What a test stands on: preferences of its own, in a folder that goes with it, and a chosen interface

@@ -1,0 +1,431 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLNotebookWindowFixture.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSplitter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString page(const QString &tags, const QString &body = u"texte"_s)
+{
+    return u"---\ntags: %1\n---\n\n%2"_s.arg(tags, body);
+}
+
+void dragDividerBy(const PLNotebookWindowFixture &window, int distance)
+{
+    QWidget *handle = window.controller->splitView()->handle(1);
+    const QPoint start = handle->rect().center();
+    QTest::mousePress(handle, Qt::LeftButton, {}, start);
+    QTest::mouseMove(handle, start + QPoint(distance, 0));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, start + QPoint(distance, 0));
+}
+
+} // namespace
+
+class PLProjectWindowControllerTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theFirstChapterIsOpenAtOnce();
+    void anEmptyBookShowsItsPlaceholder();
+    void placeholdersSayWhatToDo_data();
+    void placeholdersSayWhatToDo();
+    void choosingAnotherPageSavesTheFirst();
+    void choosingATagSavesThePage();
+    void thePageChosenAgainThroughItsTagIsNotLoadedAgain();
+    void anUnreadablePageGivesWayToThePlaceholder();
+    void selectionChangesAreToldOnce();
+    void aTagTheWriterOpenedStaysOpen();
+    void aSectionIsOpenAgainAfterARebuild();
+    void theSelectionSurvivesARefresh_data();
+    void theSelectionSurvivesARefresh();
+    void aReferenceThatIsGoneGivesWayToThePage();
+    void aRefreshDoesNotScrollTheList();
+    void pagesFromOutsideAppearWhenTheWindowBecomesKey();
+    void closingAsksIfThePageCannotBeSaved();
+    void theWindowHasItsSizes();
+    void commandsAreEnabledByWhatIsSelected();
+    void aBracketedTitleIsShownAsItIs();
+};
+
+void PLProjectWindowControllerTest::theFirstChapterIsOpenAtOnce()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/2 - B.md"_s, u"deux"_s);
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+
+    QCOMPARE(window.session().currentItem()->title(), u"A"_s);
+    QCOMPARE(window.editor()->text(), u"un"_s);
+    QVERIFY(window.editor()->isVisible());
+    QVERIFY(!window.controller->placeholderLabel()->isVisible());
+    QCOMPARE(window.controller->window()->windowTitle(), u"Roman — A[*]"_s);
+    QCOMPARE(window.selectedText(), u"A"_s);
+}
+
+void PLProjectWindowControllerTest::anEmptyBookShowsItsPlaceholder()
+{
+    PLNotebookWindowFixture window;
+    window.open();
+
+    QCOMPARE(window.session().currentItem(), nullptr);
+    QVERIFY(window.controller->placeholderLabel()->isVisible());
+    QCOMPARE(window.controller->placeholderLabel()->text(),
+             u"Le livre est encore vide.\nAjoutez un chapitre avec le + à côté de la catégorie."_s);
+    QCOMPARE(window.controller->window()->windowTitle(), u"Roman[*]"_s);
+}
+
+void PLProjectWindowControllerTest::placeholdersSayWhatToDo_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("section with pages")
+        << u"fr"_s << u"section 0"_s
+        << u"Choisissez un chapitre dans la liste,\nou ajoutez-en un avec le + à côté de la catégorie."_s;
+    QTest::newRow("another section with pages")
+        << u"en"_s << u"section 1"_s
+        << u"Choose an item in the list,\nor add one with the + next to the category."_s;
+    QTest::newRow("empty section")
+        << u"en"_s << u"section 2"_s
+        << u"Places is still empty.\nAdd an item with the + next to the category."_s;
+    QTest::newRow("tags") << u"fr"_s << u"tags"_s
+                          << u"Cliquez sur un tag pour voir les éléments qui le portent."_s;
+    QTest::newRow("tag on one page")
+        << u"fr"_s << u"tag seul"_s
+        << u"Le tag « seul » est porté par 1 élément.\nChoisissez-en un sous le tag, dans la liste."_s;
+    QTest::newRow("tag on two pages")
+        << u"fr"_s << u"tag bal"_s
+        << u"Le tag « bal » est porté par 2 éléments.\nChoisissez-en un sous le tag, dans la liste."_s;
+    QTest::newRow("tag on two pages, English")
+        << u"en"_s << u"tag bal"_s << u"The tag “bal” is on 2 items.\nPick one under the tag, in the list."_s;
+    QTest::newRow("nothing")
+        << u"fr"_s << u"nothing"_s
+        << u"Choisissez une page dans la liste,\nou ajoutez-en une avec le + d'une catégorie."_s;
+}
+
+void PLProjectWindowControllerTest::placeholdersSayWhatToDo()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(QString, language);
+    QFETCH(QString, row);
+    QFETCH(QString, expected);
+    window.environment.setLanguage(language);
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal, seul"_s));
+    window.notebook.write(u"Personnages/Emma.md"_s, page(u"Bal"_s));
+    window.open();
+
+    const PLSidebarTree &tree = window.sidebar().tree();
+    const PLSidebarNode *node = nullptr;
+    if (row.startsWith(u"section "))
+        node = tree.section(PLSection(row.last(1).toUInt()));
+    else if (row == u"tags")
+        node = tree.tagSection();
+    else if (row.startsWith(u"tag "))
+        node = tree.sidebarTagNamed(row.sliced(4));
+    window.sidebar().selectSidebarObject(node);
+
+    QCOMPARE(window.controller->placeholderLabel()->text(), expected);
+    QVERIFY(!window.editor()->isVisible());
+    QCOMPARE(window.session().currentItem(), nullptr);
+}
+
+void PLProjectWindowControllerTest::choosingAnotherPageSavesTheFirst()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/2 - B.md"_s, u"deux"_s);
+    window.open();
+    window.type(u"x"_s);
+    QVERIFY(window.controller->window()->isWindowModified());
+
+    window.select(u"Livre/2 - B.md"_s);
+
+    QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), u"xun"_s);
+    QCOMPARE(window.editor()->text(), u"deux"_s);
+    QVERIFY(!window.controller->window()->isWindowModified());
+    QCOMPARE(window.controller->window()->windowTitle(), u"Roman — B[*]"_s);
+}
+
+void PLProjectWindowControllerTest::choosingATagSavesThePage()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
+    window.open();
+    window.type(u"x"_s);
+
+    window.sidebar().selectSidebarObject(window.sidebar().tree().sidebarTagNamed(u"bal"_s));
+
+    QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), page(u"bal"_s, u"xtexte"_s));
+    QVERIFY(window.sidebar().view()->isExpanded(window.sidebar().view()->currentIndex()));
+}
+
+void PLProjectWindowControllerTest::thePageChosenAgainThroughItsTagIsNotLoadedAgain()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
+    window.open();
+    const PLSidebarTag *tag = window.sidebar().tree().sidebarTagNamed(u"bal"_s);
+    window.sidebar().expandNode(tag);
+    window.type(u"x"_s);
+
+    window.sidebar().selectSidebarObject(tag->children()[0].get());
+
+    QCOMPARE(window.editor()->text(), u"xtexte"_s);
+    QVERIFY(window.session().isDirty());
+    QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), page(u"bal"_s));
+}
+
+void PLProjectWindowControllerTest::anUnreadablePageGivesWayToThePlaceholder()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/2 - B.md"_s, u"deux"_s);
+    window.open();
+    QVERIFY(QFile::remove(window.notebook.path(u"Livre/2 - B.md"_s)));
+
+    window.select(u"Livre/2 - B.md"_s);
+
+    QCOMPARE(window.alerts, QStringList{u"Le fichier ou le dossier n'existe pas ou plus."_s});
+    QCOMPARE(window.session().currentItem(), nullptr);
+    QVERIFY(window.controller->placeholderLabel()->isVisible());
+}
+
+void PLProjectWindowControllerTest::selectionChangesAreToldOnce()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
+    window.open();
+    QSignalSpy changes(&window.sidebar(), &PLSidebarController::selectionChanged);
+    const PLSidebarNode *reference = window.sidebar().tree().sidebarTagNamed(u"bal"_s)->children()[0].get();
+
+    window.sidebar().selectSidebarObject(reference); // out of sight: its tag is closed
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(window.sidebar().selectedNode(), nullptr);
+
+    window.sidebar().selectSidebarObject(window.sidebar().tree().section(PLSection::Places));
+    QCOMPARE(changes.count(), 2);
+    QTest::keyClick(window.sidebar().view(), Qt::Key_Up);
+    QCOMPARE(changes.count(), 3);
+    window.controller->refreshSidebar();
+    QCOMPARE(changes.count(), 4);
+}
+
+void PLProjectWindowControllerTest::aTagTheWriterOpenedStaysOpen()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
+    window.open();
+    const auto tagIndex = [&window] {
+        const PLSidebarModel *model = static_cast<PLSidebarModel *>(window.sidebar().view()->model());
+        return model->indexForNode(window.sidebar().tree().sidebarTagNamed(u"bal"_s));
+    };
+    QVERIFY(!window.sidebar().view()->isExpanded(tagIndex()));
+    window.sidebar().expandNode(window.sidebar().tree().sidebarTagNamed(u"bal"_s));
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"BAL"_s));
+    window.controller->refreshSidebar();
+    QVERIFY(window.sidebar().view()->isExpanded(tagIndex()));
+
+    window.sidebar().view()->collapse(tagIndex());
+    window.notebook.write(u"Livre/2 - B.md"_s, u""_s);
+    window.controller->refreshSidebar();
+    QVERIFY(!window.sidebar().view()->isExpanded(tagIndex()));
+}
+
+void PLProjectWindowControllerTest::aSectionIsOpenAgainAfterARebuild()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u""_s);
+    window.open();
+    window.sidebar().view()->collapse(window.sidebar().view()->model()->index(0, 0));
+
+    window.controller->refreshSidebar();
+
+    QVERIFY(window.sidebar().view()->isExpanded(window.sidebar().view()->model()->index(0, 0)));
+}
+
+void PLProjectWindowControllerTest::theSelectionSurvivesARefresh_data()
+{
+    QTest::addColumn<QString>("row");
+
+    QTest::newRow("page") << u"page"_s;
+    QTest::newRow("page under a tag") << u"reference"_s;
+    QTest::newRow("tag") << u"tag"_s;
+    QTest::newRow("section") << u"section"_s;
+    QTest::newRow("tag section") << u"tags"_s;
+    QTest::newRow("nothing") << u"nothing"_s;
+}
+
+void PLProjectWindowControllerTest::theSelectionSurvivesARefresh()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(QString, row);
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
+    window.notebook.write(u"Livre/2 - B.md"_s, page(u"bal"_s));
+    window.open();
+    const PLSidebarTag *tag = window.sidebar().tree().sidebarTagNamed(u"bal"_s);
+    window.sidebar().expandNode(tag);
+    const PLSidebarNode *node = nullptr;
+    if (row == u"page")
+        node = window.sidebar().tree().sectionItemForURL(window.notebook.url(u"Livre/2 - B.md"_s));
+    else if (row == u"reference")
+        node = tag->children()[1].get();
+    else if (row == u"tag")
+        node = tag;
+    else if (row == u"section")
+        node = window.sidebar().tree().section(PLSection::Places);
+    else if (row == u"tags")
+        node = window.sidebar().tree().tagSection();
+    window.sidebar().selectSidebarObject(node);
+    const QString before = window.selectedText();
+    const auto kind = node ? std::optional(node->kind()) : std::nullopt;
+    window.notebook.write(u"Livre/0 - Avant.md"_s, page(u"autre"_s));
+
+    window.controller->refreshSidebar();
+
+    if (!kind) {
+        QCOMPARE(window.sidebar().selectedNode(), nullptr);
+        return;
+    }
+    QVERIFY(window.sidebar().selectedNode());
+    QCOMPARE(window.sidebar().selectedNode()->kind(), *kind);
+    QCOMPARE(window.selectedText().section(u"  "_s, 0, 0), before.section(u"  "_s, 0, 0));
+}
+
+void PLProjectWindowControllerTest::aReferenceThatIsGoneGivesWayToThePage()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
+    window.open();
+    const PLSidebarTag *tag = window.sidebar().tree().sidebarTagNamed(u"bal"_s);
+    window.sidebar().expandNode(tag);
+    window.sidebar().selectSidebarObject(tag->children()[0].get());
+    window.notebook.write(u"Livre/1 - A.md"_s, u"sans tag"_s);
+
+    window.controller->refreshSidebar();
+
+    QCOMPARE(window.sidebar().selectedNode()->kind(), PLSidebarNode::Kind::Page);
+    QCOMPARE(window.selectedText(), u"A"_s);
+}
+
+void PLProjectWindowControllerTest::aRefreshDoesNotScrollTheList()
+{
+    PLNotebookWindowFixture window;
+    for (int chapter = 1; chapter <= 100; ++chapter)
+        window.notebook.write(u"Livre/%1 - Chapitre.md"_s.arg(chapter), u""_s);
+    window.open();
+    window.select(u"Livre/50 - Chapitre.md"_s);
+    QScrollBar *bar = window.sidebar().view()->verticalScrollBar();
+    bar->setValue(bar->value() + 100);
+    const int before = bar->value();
+    QVERIFY(before > 0);
+
+    window.controller->refreshSidebar();
+
+    QCOMPARE(bar->value(), before);
+}
+
+void PLProjectWindowControllerTest::pagesFromOutsideAppearWhenTheWindowBecomesKey()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    window.type(u"x"_s);
+    window.notebook.write(u"Livre/2 - B.md"_s, u"deux"_s);
+
+    window.controller->windowDidResignKey();
+    window.controller->windowDidBecomeKey();
+
+    QCOMPARE(window.sidebar().tree().section(PLSection::Book)->childCount(), 2);
+    QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), u"xun"_s);
+    QCOMPARE(window.editor()->text(), u"xun"_s);
+    QCOMPARE(window.selectedText(), u"A"_s);
+}
+
+void PLProjectWindowControllerTest::closingAsksIfThePageCannotBeSaved()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"texte"_s);
+    window.open();
+    window.type(u"x"_s);
+    window.notebook.hideSection(u"Livre"_s);
+    QSignalSpy closed(window.controller.get(),
+                      &PLProjectWindowController::PLProjectWindowWillCloseNotification);
+
+    window.answers = {PLAlert::FirstButton, PLAlert::FirstButton};
+    QVERIFY(!window.controller->window()->close());
+    QCOMPARE(window.alerts,
+             QStringList({u"Impossible d'enregistrer « A »"_s, u"Fermer sans enregistrer ?"_s}));
+    QVERIFY(window.controller->window()->isVisible());
+    QCOMPARE(window.editor()->text(), u"xtexte"_s);
+    QCOMPARE(closed.count(), 0);
+
+    window.answers = {PLAlert::FirstButton, PLAlert::SecondButton};
+    QVERIFY(window.controller->window()->close());
+    QCOMPARE(closed.count(), 1);
+    window.notebook.showSection(u"Livre"_s);
+    QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), u"texte"_s);
+}
+
+void PLProjectWindowControllerTest::theWindowHasItsSizes()
+{
+    PLNotebookWindowFixture window;
+    window.open();
+    PLWindow *frame = window.controller->window();
+    QSplitter *split = window.controller->splitView();
+
+    frame->resize(1100, 720);
+    QCOMPARE(frame->minimumSize(), QSize(780, 440));
+    frame->resize(10, 10);
+    QCOMPARE(frame->size(), QSize(780, 440));
+
+    dragDividerBy(window, -500);
+    QCOMPARE(split->sizes().first(), 170);
+    dragDividerBy(window, 500);
+    QCOMPARE(split->sizes().first(), 420);
+    QCOMPARE(split->sizes().last(), 780 - 420 - 1);
+    const int sidebarWidth = split->sizes().first();
+    frame->resize(1500, 700);
+    QCOMPARE(split->sizes().first(), sidebarWidth);
+}
+
+void PLProjectWindowControllerTest::commandsAreEnabledByWhatIsSelected()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"texte"_s);
+    window.open();
+    const auto isEnabled = [&window](PLCommand command) {
+        return window.controller->stateOfCommand(command, 0)->enabled;
+    };
+
+    QVERIFY(isEnabled(PLCommand::RenameSelectedItem));
+    QVERIFY(isEnabled(PLCommand::TrashSelectedItem));
+    QVERIFY(isEnabled(PLCommand::SaveDocument));
+    window.sidebar().selectSidebarObject(window.sidebar().tree().section(PLSection::Book));
+    QVERIFY(!isEnabled(PLCommand::RenameSelectedItem));
+    QVERIFY(!isEnabled(PLCommand::TrashSelectedItem));
+    QVERIFY(!isEnabled(PLCommand::SaveDocument));
+    QVERIFY(isEnabled(PLCommand::NewChapter));
+    QVERIFY(isEnabled(PLCommand::RevealInFinder));
+}
+
+void PLProjectWindowControllerTest::aBracketedTitleIsShownAsItIs()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A[-]B.md"_s, u"texte"_s);
+    window.notebook.write(u"projet.md"_s, u"---\ntitre: Roman [*]\n---\n"_s);
+    window.open();
+
+    QCOMPARE(window.controller->window()->windowTitle(), u"Roman [*][*] — A[-]B[*]"_s);
+}
+
+QTEST_MAIN(PLProjectWindowControllerTest)
+#include "PLProjectWindowControllerTest.moc"

@@ -43,9 +43,6 @@ int main(int argc, char *argv[])
     if (role == PLSingleInstance::Role::HandedOver)
         return 0;
 
-    // A preview shown later shares its drawing context with the windows; it must be said before the
-    // application is.
-    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Aquilane"_s);
     QApplication::setApplicationVersion(QStringLiteral(AQUILANE_VERSION));

@@ -7,6 +7,7 @@
 #include "platform/PLAlert.h"
 #include "platform/PLExitSignals.h"
 #include "platform/PLSingleInstance.h"
+#include "platform/PLStyle.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -44,6 +45,7 @@ int main(int argc, char *argv[])
         return 0;
 
     QApplication application(argc, argv);
+    QApplication::setStyle(new PLStyle);
     QApplication::setApplicationName(u"Aquilane"_s);
     QApplication::setApplicationVersion(QStringLiteral(AQUILANE_VERSION));
     QGuiApplication::setDesktopFileName(u"io.github.aquilane"_s);

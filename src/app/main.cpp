@@ -43,7 +43,8 @@ int main(int argc, char *argv[])
     if (role == PLSingleInstance::Role::HandedOver)
         return 0;
 
-    // A preview shown later shares its drawing context with the windows; it must be said before the application is.
+    // A preview shown later shares its drawing context with the windows; it must be said before the
+    // application is.
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Aquilane"_s);
@@ -58,8 +59,10 @@ int main(int argc, char *argv[])
 
     PLAppDelegate delegate;
     PLExitSignals exitSignals;
-    QObject::connect(&delegate, &PLAppDelegate::willTerminate, &application, [] { QCoreApplication::exit(0); });
-    QObject::connect(&exitSignals, &PLExitSignals::exitRequested, &delegate, &PLAppDelegate::terminateQuietly);
+    QObject::connect(&delegate, &PLAppDelegate::willTerminate, &application,
+                     [] { QCoreApplication::exit(0); });
+    QObject::connect(&exitSignals, &PLExitSignals::exitRequested, &delegate,
+                     &PLAppDelegate::terminateQuietly);
     QObject::connect(&exitSignals, &PLExitSignals::sessionWillEnd, &delegate, &PLAppDelegate::saveAllQuietly);
     QObject::connect(&instance, &PLSingleInstance::requestReceived, &delegate,
                      &PLAppDelegate::applicationHandleRequest);

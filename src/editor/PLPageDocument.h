@@ -17,8 +17,8 @@ QTextBlockFormat PLPageBlockFormat();
 inline constexpr int PLPageVerticalInset = 32;
 inline constexpr int PLPageDocumentSideMargin = 4;
 
-/// A document that holds the text, made without undo so that a long page opens at once, ready to be edited with an
-/// empty undo history. The text has gone through PLPageCharacters.
+/// A document that holds the text, made without undo so that a long page opens at once, ready to be edited
+/// with an empty undo history. The text has gone through PLPageCharacters.
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText);
 
 /// The document's text with "\n" between its paragraphs and every other character as it stands: unlike

@@ -26,8 +26,7 @@ constexpr int smallestRulePosition = 8;
 } // namespace
 
 PLPageTextView::PLPageTextView(QWidget *parent)
-    : QTextEdit(parent)
-    , m_characters(std::make_unique<PLPageCharacters>())
+    : QTextEdit(parent), m_characters(std::make_unique<PLPageCharacters>())
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
@@ -151,7 +150,8 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text = isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text =
+        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 
@@ -168,7 +168,8 @@ void PLPageTextView::applyColors()
     setPalette(colors);
 }
 
-/// The inset is made of the viewport's margins and not of the document's, whose every change would be an edit.
+/// The inset is made of the viewport's margins and not of the document's, whose every change would be an
+/// edit.
 void PLPageTextView::updateInset()
 {
     const QScrollBar *bar = verticalScrollBar();

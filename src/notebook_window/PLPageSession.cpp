@@ -23,9 +23,7 @@ constexpr QChar byteOrderMark(0xFEFF);
 
 } // namespace
 
-PLPageSession::PLPageSession(PLEditorView &editor, QObject *parent)
-    : QObject(parent)
-    , m_editor(editor)
+PLPageSession::PLPageSession(PLEditorView &editor, QObject *parent) : QObject(parent), m_editor(editor)
 {
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(autosaveDelay);
@@ -48,7 +46,8 @@ bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
     m_currentFields = PLFrontMatter::fieldsFromString(contents, &body, &m_currentKeys);
     m_saveTimer.stop();
     m_currentItem = item;
-    m_editor.setText(body, QUrl::fromLocalFile(QFileInfo(item->fileURL().toLocalFile()).absolutePath() + u'/'));
+    m_editor.setText(body,
+                     QUrl::fromLocalFile(QFileInfo(item->fileURL().toLocalFile()).absolutePath() + u'/'));
     m_editor.setTags(PLProjectItem::tagsFromString(m_currentFields.value(u"tags"_s)));
     setDirty(false);
     return true;
@@ -135,8 +134,11 @@ void PLPageSession::setDirty(bool dirty)
 void PLPageSession::tellSaveFailure(const PLError &error) const
 {
     PLAlert alert;
-    alert.message = PLFormat(PLLocalizedString(u"Impossible d'enregistrer « %@ »"_s), {m_currentItem->title()});
-    alert.informativeText = PLFormat(PLLocalizedString(u"%@\n\nSi le carnet est sur une clé USB, vérifiez qu'elle est bien branchée. Votre texte reste affiché tant que la fenêtre est ouverte."_s),
-                                     {error.message});
+    alert.message =
+        PLFormat(PLLocalizedString(u"Impossible d'enregistrer « %@ »"_s), {m_currentItem->title()});
+    alert.informativeText = PLFormat(
+        PLLocalizedString(
+            u"%@\n\nSi le carnet est sur une clé USB, vérifiez qu'elle est bien branchée. Votre texte reste affiché tant que la fenêtre est ouverte."_s),
+        {error.message});
     alert.runModal();
 }

@@ -215,9 +215,11 @@ void PLProjectWindowController::connectSidebar()
     PLSidebarController *sidebar = m_sidebar.get();
     PLSidebarView *view = sidebar->view();
     PLPageCommands *commands = m_pageCommands.get();
-    connect(sidebar, &PLSidebarController::selectionChanged, this, &PLProjectWindowController::selectionChanged);
+    connect(sidebar, &PLSidebarController::selectionChanged, this,
+            &PLProjectWindowController::selectionChanged);
     connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
-    connect(sidebar, &PLSidebarController::titleEditingCancelled, commands, &PLPageCommands::focusTextIfEditing);
+    connect(sidebar, &PLSidebarController::titleEditingCancelled, commands,
+            &PLPageCommands::focusTextIfEditing);
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
             [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });

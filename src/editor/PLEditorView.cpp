@@ -8,9 +8,7 @@
 
 #include <QVBoxLayout>
 
-PLEditorView::PLEditorView(QWidget *parent)
-    : QWidget(parent)
-    , m_textView(new PLPageTextView)
+PLEditorView::PLEditorView(QWidget *parent) : QWidget(parent), m_textView(new PLPageTextView)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

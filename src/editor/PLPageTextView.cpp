@@ -24,9 +24,7 @@ constexpr int layoutSlice = 3; // milliseconds
 } // namespace
 
 PLPageTextView::PLPageTextView(QWidget *parent)
-    : QTextEdit(parent)
-    , m_characters(std::make_unique<PLPageCharacters>())
-    , m_layoutTimer(this)
+    : QTextEdit(parent), m_characters(std::make_unique<PLPageCharacters>()), m_layoutTimer(this)
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
@@ -145,7 +143,8 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text = isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text =
+        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 

@@ -11,8 +11,8 @@
 
 #include <memory>
 
-/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane, with a
-/// thin margin rule on its left. It gives back every character of the text it was given.
+/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane,
+/// with a thin margin rule on its left. It gives back every character of the text it was given.
 class PLPageLayout;
 
 class PLPageTextView final : public QTextEdit, public PLCommandHandler

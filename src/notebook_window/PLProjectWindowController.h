@@ -21,8 +21,8 @@ class PLSidebarNode;
 class QLabel;
 class QSplitter;
 
-/// The window of one notebook: a frame that holds the sidebar and the page, and hands each command on to the small
-/// object that does it.
+/// The window of one notebook: a frame that holds the sidebar and the page, and hands each command on to the
+/// small object that does it.
 class PLProjectWindowController final : public QObject, public PLWindowDelegate, public PLCommandHandler
 {
     Q_OBJECT

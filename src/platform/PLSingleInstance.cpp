@@ -41,8 +41,8 @@ QString privateFolder()
     const QByteArray name = QFile::encodeName(folder);
     mkdir(name.constData(), 0700);
     struct stat information = {};
-    const bool mine = lstat(name.constData(), &information) == 0 && S_ISDIR(information.st_mode)
-                      && information.st_uid == getuid() && (information.st_mode & 077) == 0;
+    const bool mine = lstat(name.constData(), &information) == 0 && S_ISDIR(information.st_mode) &&
+                      information.st_uid == getuid() && (information.st_mode & 077) == 0;
     return mine ? folder : QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
 #else
     return QDir::tempPath();
@@ -60,11 +60,7 @@ QByteArray encodedRequest(const QStringList &paths)
 
 } // namespace
 
-PLSingleInstance::PLSingleInstance(QObject *parent)
-    : QObject(parent)
-    , m_folder(privateFolder())
-{
-}
+PLSingleInstance::PLSingleInstance(QObject *parent) : QObject(parent), m_folder(privateFolder()) {}
 
 PLSingleInstance::~PLSingleInstance()
 {

@@ -12,9 +12,9 @@
 class QLocalServer;
 class QLocalSocket;
 
-/// Sees to it that one user has one Aquilane: the first start listens on a socket that only its user can reach, a
-/// later one hands its paths over and ends. A lock held by the kernel tells them apart, so that a socket left by a
-/// killed process never stops a start.
+/// Sees to it that one user has one Aquilane: the first start listens on a socket that only its user can
+/// reach, a later one hands its paths over and ends. A lock held by the kernel tells them apart, so that a
+/// socket left by a killed process never stops a start.
 class PLSingleInstance final : public QObject
 {
     Q_OBJECT

@@ -134,7 +134,8 @@ void PLPageTextViewTest::whatIsInSightStaysWhileThePageIsLaidOut()
     PLPageTextView view;
     view.resize(900, 500);
     view.show();
-    view.setPageText((u"Une phrase assez longue pour la ligne. "_s.repeated(9) + u"\niiii\n"_s).repeated(3000));
+    view.setPageText(
+        (u"Une phrase assez longue pour la ligne. "_s.repeated(9) + u"\niiii\n"_s).repeated(3000));
     QTextCursor cursor = view.textCursor();
     cursor.setPosition(600000);
     view.setTextCursor(cursor);

@@ -28,6 +28,11 @@ namespace {
 
 const QString reopenKey = u"PLReopenProjects"_s;
 
+bool isText(const QVariant &entry)
+{
+    return entry.typeId() == QMetaType::QString;
+}
+
 bool hasVisibleWindows()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -342,10 +347,11 @@ void PLAppDelegate::reopenProjectsAfterRelaunch()
         return;
     store.remove(reopenKey); // first, so that a crash while reopening does not loop
     store.sync();
-    const QStringList paths = stored.toStringList();
-    for (const QString &path : paths) {
-        if (!path.isEmpty() && QFileInfo::exists(path))
-            openFile(path);
+    // The ini file gives a list of one text back as that text.
+    const QVariantList entries = isText(stored) ? QVariantList{stored} : stored.toList();
+    for (const QVariant &entry : entries) {
+        if (isText(entry) && QFileInfo::exists(entry.toString()))
+            openFile(entry.toString());
     }
 }
 

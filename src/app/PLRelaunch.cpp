@@ -16,6 +16,8 @@ constexpr QStringView openCommand = u"open \"$0\"";
 constexpr QStringView openCommand = u"exec \"$0\"";
 #endif
 
+bool (*relaunchHandler)(qint64, const QString &) = nullptr;
+
 } // namespace
 
 QString PLRelaunchScript(qint64 processIdentifier)
@@ -26,5 +28,12 @@ QString PLRelaunchScript(qint64 processIdentifier)
 
 bool PLStartRelaunchScript(qint64 processIdentifier, const QString &program)
 {
+    if (relaunchHandler)
+        return relaunchHandler(processIdentifier, program);
     return QProcess::startDetached(u"/bin/sh"_s, {u"-c"_s, PLRelaunchScript(processIdentifier), program});
+}
+
+void PLSetRelaunchHandler(bool (*handler)(qint64, const QString &))
+{
+    relaunchHandler = handler;
 }

@@ -11,3 +11,7 @@ QString PLRelaunchScript(qint64 processIdentifier);
 
 /// Starts that script in a process of its own; false if it could not be started.
 bool PLStartRelaunchScript(qint64 processIdentifier, const QString &program);
+
+/// What is called instead of starting the script from now on; null starts it again. For tests, which must not
+/// start themselves.
+void PLSetRelaunchHandler(bool (*handler)(qint64 processIdentifier, const QString &program));

@@ -77,7 +77,7 @@ finish() {
 become_writer() {
     exec env -i PATH="$PATH" HOME="$work/home" DISPLAY="$DISPLAY" XDG_RUNTIME_DIR="$work/run" \
         XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" LC_CTYPE=C.UTF-8 \
-        LANG="${writer_lang:-fr_FR.UTF-8}" LANGUAGE="${writer_language:-fr}" \
+        LANG="${writer_lang:-fr_FR.UTF-8}" LANGUAGE="${writer_language-fr}" \
         ${LSAN_OPTIONS:+LSAN_OPTIONS="$LSAN_OPTIONS"} "$@"
 }
 

@@ -1,0 +1,302 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "support/PLTestFiles.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+/// One start of the program, in a process of its own. Killed when it goes out of scope.
+class Start final
+{
+public:
+    explicit Start(const QProcessEnvironment &environment, const QStringList &paths = {})
+    {
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QStringLiteral(AQUILANE_START), paths);
+    }
+    ~Start() { kill(); }
+
+    Start(const Start &) = delete;
+    Start &operator=(const Start &) = delete;
+
+    /// The next line it says; empty when it says no more.
+    QByteArray line()
+    {
+        while (!m_process.canReadLine() && m_process.waitForReadyRead(patience)) {
+        }
+        return m_process.readLine().chopped(1);
+    }
+    void send(const QByteArray &bytes) { m_process.write(bytes); }
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
+    void kill()
+    {
+        m_process.kill(); // SIGKILL
+        m_process.waitForFinished(patience);
+    }
+
+private:
+    QProcess m_process;
+};
+
+QByteArray requestOf(const QStringList &paths, const QString &token = u""_s)
+{
+    QJsonArray request = QJsonArray::fromStringList(paths);
+    request.append(token);
+    return QJsonDocument(request).toJson(QJsonDocument::Compact);
+}
+
+} // namespace
+
+class PLSingleInstanceTest final : public QObject
+{
+    Q_OBJECT
+
+private:
+    QProcessEnvironment environmentWith(const QString &name, const QString &value) const;
+    QString socketPath() const { return m_folder->filePath(u"run/aquilane.socket"_s); }
+    /// True if a start of its own hands its path over to `program`.
+    bool handsOverTo(Start &program) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QProcessEnvironment m_environment;
+
+private Q_SLOTS:
+    void init();
+
+    void aLoneStartIsTheProgram();
+    void aSecondStartHandsItsPathsOver_data();
+    void aSecondStartHandsItsPathsOver();
+    void theDesktopsLeaveToComeToTheFrontIsPassedOn();
+    void everyLaterStartHandsOver();
+    void aStartWaitsForTheFirstToListen();
+    void aKilledProgramDoesNotStopTheNext();
+    void aHungProgramGivesNoAnswerInTime();
+    void onlyTheUserCanReachTheSocket();
+    void garbageDoesNoHarm_data();
+    void garbageDoesNoHarm();
+    void aCallerThatSaysNothingHoldsNobodyUp();
+    void withoutASessionFolderAPrivateOneIsMade();
+    void aFolderThatOthersCanEnterIsNotUsed();
+    void twoUsersFoldersAreTwoPrograms();
+};
+
+QProcessEnvironment PLSingleInstanceTest::environmentWith(const QString &name, const QString &value) const
+{
+    QProcessEnvironment environment = m_environment;
+    environment.insert(name, value);
+    return environment;
+}
+
+bool PLSingleInstanceTest::handsOverTo(Start &program) const
+{
+    Start later(m_environment, {u"/a path"_s});
+    return later.line() == "handed over" && program.line() == requestOf({u"/a path"_s});
+}
+
+void PLSingleInstanceTest::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir().mkpath(m_folder->filePath(u"run"_s)));
+    m_environment = QProcessEnvironment::systemEnvironment();
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder->filePath(u"run"_s));
+    m_environment.insert(u"XDG_CONFIG_HOME"_s, m_folder->filePath(u"config"_s));
+    m_environment.insert(u"TMPDIR"_s, m_folder->path());
+    m_environment.remove(u"XDG_ACTIVATION_TOKEN"_s);
+}
+
+void PLSingleInstanceTest::aLoneStartIsTheProgram()
+{
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+}
+
+void PLSingleInstanceTest::aSecondStartHandsItsPathsOver_data()
+{
+    QTest::addColumn<QStringList>("paths");
+    QTest::newRow("none") << QStringList();
+    QTest::newRow("one") << QStringList{u"/home/anne/Roman"_s};
+    QTest::newRow("several, in order") << QStringList{u"/b"_s, u"/a"_s, u"/b"_s};
+    QTest::newRow("accents and an emoji") << QStringList{u"/été/Œuvre — \U0001F58B\u0301"_s};
+    QTest::newRow("newlines and quotes") << QStringList{u"/a\nb\r\n\"c\"\\'d'\t$(e)`f`"_s};
+    QTest::newRow("spaces alone") << QStringList{u" "_s, u"  "_s};
+    QTest::newRow("10,000 characters") << QStringList{u'/' + QString(9999, u'é')};
+    QTest::newRow("1,000 paths") << QStringList(1000, u"/home/anne/Documents/Roman"_s);
+}
+
+void PLSingleInstanceTest::aSecondStartHandsItsPathsOver()
+{
+    QFETCH(const QStringList, paths);
+    Start program(m_environment);
+    program.line();
+    program.line();
+    Start later(m_environment, paths);
+    QCOMPARE(later.line(), QByteArray("handed over"));
+    QCOMPARE(program.line(), requestOf(paths));
+}
+
+void PLSingleInstanceTest::theDesktopsLeaveToComeToTheFrontIsPassedOn()
+{
+    Start program(m_environment);
+    program.line();
+    program.line();
+    Start later(environmentWith(u"XDG_ACTIVATION_TOKEN"_s, u"token-1"_s));
+    QCOMPARE(later.line(), QByteArray("handed over"));
+    QCOMPARE(program.line(), requestOf({}, u"token-1"_s));
+}
+
+void PLSingleInstanceTest::everyLaterStartHandsOver()
+{
+    Start program(m_environment);
+    program.line();
+    program.line();
+    for (int count = 0; count < 5; ++count)
+        QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::aStartWaitsForTheFirstToListen()
+{
+    Start program(environmentWith(u"START_LATE"_s, u"1"_s));
+    QCOMPARE(program.line(), QByteArray("first"));
+    Start later(m_environment, {u"/a"_s});
+    program.send("\n");
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(later.line(), QByteArray("handed over"));
+    QCOMPARE(program.line(), requestOf({u"/a"_s}));
+}
+
+void PLSingleInstanceTest::aKilledProgramDoesNotStopTheNext()
+{
+    {
+        Start program(m_environment);
+        program.line();
+        program.line();
+    }
+    QVERIFY(
+        PLNamesIn(m_folder->filePath(u"run"_s)).contains(u"aquilane.socket"_s)); // it had no time to clean up
+    Start next(m_environment);
+    QCOMPARE(next.line(), QByteArray("first"));
+    QCOMPARE(next.line(), QByteArray("listening"));
+    QVERIFY(handsOverTo(next));
+}
+
+void PLSingleInstanceTest::aHungProgramGivesNoAnswerInTime()
+{
+    Start hung(environmentWith(u"START_HUNG"_s, u"1"_s));
+    hung.line();
+    QCOMPARE(hung.line(), QByteArray("listening"));
+    QElapsedTimer timer;
+    timer.start();
+    Start later(environmentWith(u"START_TIMEOUT"_s, u"300"_s), {u"/a"_s});
+    QCOMPARE(later.line(), QByteArray("no answer"));
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(hung.isRunning());
+}
+
+void PLSingleInstanceTest::onlyTheUserCanReachTheSocket()
+{
+    Start program(m_environment);
+    program.line();
+    program.line();
+    constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                            QFile::WriteOther | QFile::ExeOther;
+    const QStringList names = PLNamesIn(m_folder->filePath(u"run"_s));
+    QVERIFY(names.contains(u"aquilane.socket"_s));
+    for (const QString &name : names)
+        QVERIFY2(!(QFile::permissions(m_folder->filePath(u"run/"_s + name)) & others), qPrintable(name));
+}
+
+void PLSingleInstanceTest::garbageDoesNoHarm_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("words") << QByteArray("open the door\n");
+    QTest::newRow("an empty line") << QByteArray("\n");
+    QTest::newRow("zeros") << QByteArray(1000, '\0') + '\n';
+    QTest::newRow("an array") << QByteArray("[1, 2]\n");
+    QTest::newRow("broken JSON") << QByteArray("{\"paths\": [\"/a\"\n");
+    QTest::newRow("deep JSON") << QByteArray(100000, '[') + '\n';
+    QTest::newRow("a line without an end") << QByteArray(3 << 20, 'x');
+    QTest::newRow("a very long line") << QByteArray(3 << 20, 'x') + '\n';
+}
+
+void PLSingleInstanceTest::garbageDoesNoHarm()
+{
+    QFETCH(const QByteArray, bytes);
+    Start program(m_environment);
+    program.line();
+    program.line();
+    QLocalSocket socket;
+    socket.connectToServer(socketPath());
+    QVERIFY(socket.waitForConnected(patience));
+    socket.write(bytes);
+    while (socket.state() == QLocalSocket::ConnectedState && socket.bytesToWrite() > 0)
+        socket.waitForBytesWritten(patience);
+    QVERIFY(socket.state() != QLocalSocket::ConnectedState || socket.waitForDisconnected(patience));
+    QVERIFY(handsOverTo(program)); // which shows too that nothing was taken for a request
+}
+
+void PLSingleInstanceTest::aCallerThatSaysNothingHoldsNobodyUp()
+{
+    Start program(m_environment);
+    program.line();
+    program.line();
+    QLocalSocket silent;
+    silent.connectToServer(socketPath());
+    QVERIFY(silent.waitForConnected(patience));
+    silent.write("{\"paths\":");
+    QVERIFY(silent.waitForBytesWritten(patience));
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::withoutASessionFolderAPrivateOneIsMade()
+{
+    m_environment.remove(u"XDG_RUNTIME_DIR"_s);
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    const QString folder = m_folder->filePath(u"aquilane-%1"_s.arg(getuid()));
+    QVERIFY(PLNamesIn(folder).contains(u"aquilane.socket"_s));
+    QCOMPARE(int(QFile::permissions(folder) & 0x0077), 0); // nobody else
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::aFolderThatOthersCanEnterIsNotUsed()
+{
+    m_environment.remove(u"XDG_RUNTIME_DIR"_s);
+    const QString folder = m_folder->filePath(u"aquilane-%1"_s.arg(getuid()));
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7077)));
+    QVERIFY(QDir().mkpath(m_folder->filePath(u"config"_s)));
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(PLNamesIn(folder), QStringList());
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::twoUsersFoldersAreTwoPrograms()
+{
+    QVERIFY(QDir().mkpath(m_folder->filePath(u"other"_s)));
+    Start program(m_environment);
+    Start other(environmentWith(u"XDG_RUNTIME_DIR"_s, m_folder->filePath(u"other"_s)));
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(other.line(), QByteArray("first"));
+}
+
+QTEST_GUILESS_MAIN(PLSingleInstanceTest)
+#include "PLSingleInstanceTest.moc"

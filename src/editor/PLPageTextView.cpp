@@ -26,8 +26,7 @@ constexpr int smallestRulePosition = 8;
 } // namespace
 
 PLPageTextView::PLPageTextView(QWidget *parent)
-    : QTextEdit(parent)
-    , m_characters(std::make_unique<PLPageCharacters>())
+    : QTextEdit(parent), m_characters(std::make_unique<PLPageCharacters>())
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
@@ -45,6 +44,7 @@ PLPageTextView::~PLPageTextView() = default;
 void PLPageTextView::setPageText(const QString &text)
 {
     m_loading = true;
+    m_selectionToRestore.reset();
     m_characters = std::make_unique<PLPageCharacters>();
     QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
     loaded->setParent(this);
@@ -124,6 +124,10 @@ void PLPageTextView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
+    if (!isReadOnly() && event == QKeySequence::Undo)
+        return undo();
+    if (!isReadOnly() && event == QKeySequence::Redo)
+        return redo();
     QTextEdit::keyPressEvent(event);
 }
 
@@ -135,10 +139,8 @@ void PLPageTextView::resizeEvent(QResizeEvent *event)
 
 QMimeData *PLPageTextView::createMimeDataFromSelection() const
 {
-    QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, u'\n');
     auto *mimeData = new QMimeData;
-    mimeData->setText(m_characters->decoded(text));
+    mimeData->setText(pageTextOf(textCursor()));
     return mimeData;
 }
 
@@ -151,7 +153,8 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text = isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text =
+        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 
@@ -168,7 +171,8 @@ void PLPageTextView::applyColors()
     setPalette(colors);
 }
 
-/// The inset is made of the viewport's margins and not of the document's, whose every change would be an edit.
+/// The inset is made of the viewport's margins and not of the document's, whose every change would be an
+/// edit.
 void PLPageTextView::updateInset()
 {
     const QScrollBar *bar = verticalScrollBar();
@@ -220,22 +224,35 @@ void PLPageTextView::insertParagraph()
     ensureCursorVisible();
 }
 
-/// As one undo step, every new paragraph with the page's format: Qt gives it to the first one only.
 void PLPageTextView::insertPageText(const QString &text)
 {
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock();
-    cursor.removeSelectedText();
-    const int start = cursor.position();
-    cursor.insertText(m_characters->encoded(text));
-    const int end = cursor.position();
-    if (text.contains(u'\n')) {
-        cursor.setPosition(start);
-        cursor.setPosition(end, QTextCursor::KeepAnchor);
-        cursor.setBlockFormat(PLPageBlockFormat());
-    }
+    replaceSelection(cursor, text);
     cursor.endEditBlock();
-    cursor.setPosition(end);
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+/// Every new paragraph gets the page's format: Qt gives it to the first one only. Leaves the cursor after the
+/// text.
+void PLPageTextView::replaceSelection(QTextCursor &cursor, const QString &text)
+{
+    cursor.removeSelectedText();
+    const int start = cursor.position();
+    cursor.insertText(m_characters->encoded(text), QTextCharFormat());
+    const int end = cursor.position();
+    if (!text.contains(u'\n'))
+        return;
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.setBlockFormat(PLPageBlockFormat());
+    cursor.setPosition(end);
+}
+
+QString PLPageTextView::pageTextOf(const QTextCursor &selection) const
+{
+    QString text = selection.selectedText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    return m_characters->decoded(text);
 }

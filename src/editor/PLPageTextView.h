@@ -4,14 +4,22 @@
 #pragma once
 
 #include "editor/PLPageCharacters.h"
+#include "editor/PLTextEdit.h"
 #include "platform/PLCommand.h"
 
 #include <QTextEdit>
 
 #include <memory>
 
-/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane, with a
-/// thin margin rule on its left. It gives back every character of the text it was given.
+/// The two ends of a selection as the writer made it, which may be from right to left.
+struct PLSelectionEnds
+{
+    int anchor = 0;
+    int position = 0;
+};
+
+/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane,
+/// with a thin margin rule on its left. It gives back every character of the text it was given.
 class PLPageTextView final : public QTextEdit, public PLCommandHandler
 {
     Q_OBJECT
@@ -23,6 +31,17 @@ public:
     /// Loads a page; undo does not reach back before it, and textDidChange is not sent. Line ends are "\n".
     void setPageText(const QString &text);
     QString pageText() const;
+
+    PLTextRange selectedRange() const;
+    /// Puts the string in place of the range and selects `selecting` after it, as one undo step that brings
+    /// back both the text and the selection. Does nothing if the page cannot be edited; a string that is
+    /// there already is no change.
+    void replaceRange(PLTextRange range, const QString &string, PLTextRange selecting);
+    /// For the undo history: what to select when the step that is being undone or redone is over.
+    void restoreAfterStep(PLSelectionEnds ends);
+
+    void undo();
+    void redo();
 
     /// The inset on each side, in points, of a page this wide: the column is centred, with at least 44.
     static int horizontalInsetForWidth(int width);
@@ -51,9 +70,15 @@ private:
     bool forwardMarginEvent(QEvent *event);
     void insertParagraph();
     void insertPageText(const QString &text);
+    void replaceSelection(QTextCursor &cursor, const QString &text);
+    QString pageTextOf(const QTextCursor &selection) const;
+    PLSelectionEnds selectionEnds() const;
+    void select(PLSelectionEnds ends);
+    void restoreSelection();
 
     std::unique_ptr<PLPageCharacters> m_characters;
     QTextDocument *m_loadedDocument = nullptr;
+    std::optional<PLSelectionEnds> m_selectionToRestore;
     int m_inset = 0;
     bool m_loading = false;
 };

@@ -40,6 +40,7 @@ void PLPageTextView::replaceRange(PLTextRange range, const QString &string, PLTe
 {
     if (isReadOnly())
         return;
+    const PLSelectionEnds before = selectionEnds();
     const PLSelectionEnds after{int(selecting.location), int(selecting.end())};
     QTextCursor cursor(document());
     cursor.setPosition(int(range.location));
@@ -47,7 +48,7 @@ void PLPageTextView::replaceRange(PLTextRange range, const QString &string, PLTe
     if (pageTextOf(cursor) != string) {
         cursor.beginEditBlock();
         replaceSelection(cursor, string);
-        document()->appendUndoItem(new PLSelectionUndoItem(*this, selectionEnds(), after));
+        document()->appendUndoItem(new PLSelectionUndoItem(*this, before, after));
         cursor.endEditBlock();
     }
     select(after);

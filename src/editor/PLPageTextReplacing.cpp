@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Stands in the document's own undo history, within the step of an edit. Qt's undo leaves a caret; this
-/// brings back what was selected. The document owns it, and the view outlives its document.
+/// An item of the document's own undo history, within the step of an edit: Qt's undo leaves a caret (6.4), this one
+/// brings back what was selected. The history deletes it; the view outlives the history.
 class PLSelectionUndoItem final : public QAbstractUndoItem
 {
 public:

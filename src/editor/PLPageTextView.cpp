@@ -26,7 +26,8 @@ constexpr int smallestRulePosition = 8;
 } // namespace
 
 PLPageTextView::PLPageTextView(QWidget *parent)
-    : QTextEdit(parent), m_characters(std::make_unique<PLPageCharacters>())
+    : QTextEdit(parent)
+    , m_characters(std::make_unique<PLPageCharacters>())
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
@@ -153,8 +154,7 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text =
-        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text = isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 
@@ -171,8 +171,7 @@ void PLPageTextView::applyColors()
     setPalette(colors);
 }
 
-/// The inset is made of the viewport's margins and not of the document's, whose every change would be an
-/// edit.
+/// The inset is made of the viewport's margins and not of the document's, whose every change would be an edit.
 void PLPageTextView::updateInset()
 {
     const QScrollBar *bar = verticalScrollBar();
@@ -234,8 +233,7 @@ void PLPageTextView::insertPageText(const QString &text)
     ensureCursorVisible();
 }
 
-/// Every new paragraph gets the page's format: Qt gives it to the first one only. Leaves the cursor after the
-/// text.
+/// Every new paragraph gets the page's format: Qt gives it to the first one only. The cursor ends after the text.
 void PLPageTextView::replaceSelection(QTextCursor &cursor, const QString &text)
 {
     cursor.removeSelectedText();

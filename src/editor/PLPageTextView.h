@@ -18,8 +18,8 @@ struct PLSelectionEnds
     int position = 0;
 };
 
-/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane,
-/// with a thin margin rule on its left. It gives back every character of the text it was given.
+/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane, with a
+/// thin margin rule on its left. It gives back every character of the text it was given.
 class PLPageTextView final : public QTextEdit, public PLCommandHandler
 {
     Q_OBJECT
@@ -33,6 +33,7 @@ public:
     QString pageText() const;
 
     PLTextRange selectedRange() const;
+
     /// Puts the string in place of the range and selects `selecting` after it, as one undo step that brings
     /// back both the text and the selection. Does nothing if the page cannot be edited; a string that is
     /// there already is no change.
@@ -40,6 +41,7 @@ public:
     /// For the undo history: what to select when the step that is being undone or redone is over.
     void restoreAfterStep(PLSelectionEnds ends);
 
+    /// These stand before the toolkit's own, which leave a caret where a step had a selection.
     void undo();
     void redo();
 

@@ -44,6 +44,7 @@ PLPageTextView::~PLPageTextView() = default;
 void PLPageTextView::setPageText(const QString &text)
 {
     m_loading = true;
+    m_selectionToRestore.reset();
     m_characters = std::make_unique<PLPageCharacters>();
     QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
     loaded->setParent(this);
@@ -110,6 +111,10 @@ void PLPageTextView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
+    if (!isReadOnly() && event == QKeySequence::Undo)
+        return undo();
+    if (!isReadOnly() && event == QKeySequence::Redo)
+        return redo();
     QTextEdit::keyPressEvent(event);
 }
 
@@ -127,10 +132,8 @@ void PLPageTextView::resizeEvent(QResizeEvent *event)
 
 QMimeData *PLPageTextView::createMimeDataFromSelection() const
 {
-    QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, u'\n');
     auto *mimeData = new QMimeData;
-    mimeData->setText(m_characters->decoded(text));
+    mimeData->setText(pageTextOf(textCursor()));
     return mimeData;
 }
 
@@ -184,11 +187,23 @@ PLPageLayout *PLPageTextView::pageLayout() const
     return static_cast<PLPageLayout *>(document()->documentLayout());
 }
 
-/// As one undo step.
 void PLPageTextView::insertPageText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(m_characters->encoded(text));
+    replaceSelection(cursor, text);
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+/// As one undo step, without the look of the text around it.
+void PLPageTextView::replaceSelection(QTextCursor &cursor, const QString &text)
+{
+    cursor.insertText(m_characters->encoded(text), QTextCharFormat());
+}
+
+QString PLPageTextView::pageTextOf(const QTextCursor &selection) const
+{
+    QString text = selection.selectedText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    return m_characters->decoded(text);
 }

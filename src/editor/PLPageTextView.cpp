@@ -233,19 +233,12 @@ void PLPageTextView::insertPageText(const QString &text)
     ensureCursorVisible();
 }
 
-/// Every new paragraph gets the page's format: Qt gives it to the first one only. The cursor ends after the text.
+/// Every new paragraph has the format of the one the text goes into, which is the page's: Qt's insertText sees to it,
+/// unlike its paste. The cursor ends after the text.
 void PLPageTextView::replaceSelection(QTextCursor &cursor, const QString &text)
 {
     cursor.removeSelectedText();
-    const int start = cursor.position();
     cursor.insertText(m_characters->encoded(text), QTextCharFormat());
-    const int end = cursor.position();
-    if (!text.contains(u'\n'))
-        return;
-    cursor.setPosition(start);
-    cursor.setPosition(end, QTextCursor::KeepAnchor);
-    cursor.setBlockFormat(PLPageBlockFormat());
-    cursor.setPosition(end);
 }
 
 QString PLPageTextView::pageTextOf(const QTextCursor &selection) const

@@ -185,9 +185,11 @@ QString filled(const QString &shape, qsizetype size)
     return shape.repeated(size / shape.size() + 1).first(size);
 }
 
+/// A stretch of the text as one line, a quarter of the longest measured, so that each length holds the same
+/// marks.
 QString flowing(const QString &text)
 {
-    QString line = u"Il y avait "_s + text;
+    QString line = u"Il y avait "_s + text.last(qMin(text.size(), megabyte / 4));
     return line.replace(u'\n', u' ');
 }
 

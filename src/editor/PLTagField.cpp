@@ -7,6 +7,7 @@
 #include "editor/PLTagFieldCompletion.h"
 #include "editor/PLTagToken.h"
 
+#include <QDrag>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -35,6 +36,7 @@ PLTagField::PLTagField(QWidget *parent) : QWidget(parent)
     m_model.setFilter([this](const QStringList &tags, int index) {
         return m_delegate ? m_delegate->shouldAddObjects(tags, index) : tags;
     });
+    m_runDrag = [](QDrag *drag) { drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction); };
     updateLayout();
 }
 

@@ -13,6 +13,7 @@
 #include <QWidget>
 
 class PLTagFieldCompletion;
+class QDrag;
 class QMimeData;
 
 /// A field of tags on one line: each tag is a token, made of the typed text by a comma, Return or Tab. A row
@@ -34,6 +35,8 @@ public:
 
     /// Asked for proposals and for the tags to add; not owned, null for none.
     void setDelegate(PLTagFieldDelegate *delegate) { m_delegate = delegate; }
+    /// Called to carry a drag instead of the desktop. For tests.
+    void setDragRunner(std::function<void(QDrag *)> runner) { m_runDrag = std::move(runner); }
     void setPlaceholderText(const QString &text);
     QString placeholderText() const { return m_placeholder; }
 
@@ -129,6 +132,7 @@ private:
     PLComposedText m_composed;
     PLTagFieldDelegate *m_delegate = nullptr;
     QPointer<PLTagFieldCompletion> m_completion;
+    std::function<void(QDrag *)> m_runDrag;
     QString m_placeholder;
     QBasicTimer m_blinkTimer;
     QPoint m_pressPoint;

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QScrollBar>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,19 @@ constexpr int mostRows = 8;
 constexpr int leastWidth = 120;
 constexpr int greatestWidth = 320;
 constexpr int padding = 12;
+constexpr int rowPadding = 5; // above and below a row's text together
+
+/// Rows with some air around their text.
+class RowDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, rowPadding);
+    }
+};
 
 } // namespace
 
@@ -28,6 +42,7 @@ PLTagFieldCompletion::PLTagFieldCompletion(QWidget *field)
 {
     hide();
     setModel(m_tags);
+    setItemDelegate(new RowDelegate(this));
     setFocusPolicy(Qt::NoFocus);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);
@@ -100,12 +115,10 @@ void PLTagFieldCompletion::applyLook()
     colors.setColor(QPalette::Text, PLTheme::inkColor());
     colors.setColor(QPalette::Highlight, PLTheme::tagsColor());
     colors.setColor(QPalette::HighlightedText, Qt::white);
+    colors.setColor(QPalette::WindowText, PLTheme::shadowed(PLTheme::coverColor(), 0.2)); // the frame's line
     setPalette(colors);
     setFont(PLTagToken::font());
     setFrameStyle(QFrame::Box | QFrame::Plain);
-    QPalette frame = colors;
-    frame.setColor(QPalette::WindowText, PLTheme::shadowed(PLTheme::coverColor(), 0.2));
-    setPalette(frame);
     setSpacing(1);
     setAutoFillBackground(true);
 }

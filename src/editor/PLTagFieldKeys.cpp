@@ -62,6 +62,13 @@ bool isTyping(const QKeyEvent &event)
            first.category() == QChar::Other_PrivateUse;
 }
 
+/// The standard key of this name is empty on all desktops but one.
+bool isBackspaceKey(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Backspace &&
+           !(event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+}
+
 /// The keys a field takes before the shortcuts of the menus.
 bool isEditingKey(const QKeyEvent &event)
 {
@@ -164,7 +171,8 @@ bool PLTagField::performStandardKey(const QKeyEvent &event)
         return true;
     }
     for (const DeletionKey &entry : deletionKeys) {
-        if (event.matches(entry.key)) {
+        const bool isBackspace = entry.key == QKeySequence::Backspace && isBackspaceKey(event);
+        if (isBackspace || event.matches(entry.key)) {
             apply([&] { (m_model.*entry.deletion)(); });
             return true;
         }

@@ -83,9 +83,10 @@ int PLTagFieldLayout::positionBeside(int position, bool isRightwards) const
     const int next = qBound(0, start + (isForwards ? 1 : -1), int(m_tokens.size()) + m_textSize);
     if (m_textSize == 0 || !isInText(next))
         return next;
-    // Into the text by its near end, which in another script than the interface's is the last character.
-    const double nearEnd = isRightwards ? 0 : m_textRect.width();
-    return m_textIndex + qBound(0, m_textLayout.lineAt(0).xToCursor(nearEnd), m_textSize);
+    // Into the text by its near end, which in another script than the interface's is the end of the text.
+    const QTextLine line = m_textLayout.lineAt(0);
+    const bool isStartAtLeft = line.cursorToX(0) <= line.cursorToX(m_textSize);
+    return isStartAtLeft == isRightwards ? m_textIndex : textEnd;
 }
 
 /// Takes the next piece of the row.

@@ -166,7 +166,7 @@ void PLTagField::startDrag()
     drag->setHotSpot(m_pressPoint - rectOfToken(*token).topLeft());
     const QPointer<PLTagField> self = this; // the window may close under a drag
     m_isDragging = true;
-    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    m_runDrag(drag);
     if (self)
         m_isDragging = false;
 }

@@ -28,6 +28,22 @@ private:
     PLSelectionEnds m_after;
 };
 
+/// Stands between two steps of typing, which the history would otherwise make one.
+class PLStepMark final : public QAbstractUndoItem
+{
+public:
+    explicit PLStepMark(PLPageTextView &view)
+        : m_view(view)
+    {
+    }
+
+    void undo() override { m_view.passStepMark(); }
+    void redo() override { m_view.passStepMark(); }
+
+private:
+    PLPageTextView &m_view;
+};
+
 } // namespace
 
 PLTextRange PLPageTextView::selectedRange() const
@@ -57,13 +73,19 @@ void PLPageTextView::replaceRange(PLTextRange range, const QString &string, PLTe
 
 void PLPageTextView::undo()
 {
-    QTextEdit::undo();
+    do {
+        m_passedStepMark = false;
+        QTextEdit::undo();
+    } while (m_passedStepMark && document()->isUndoAvailable());
     restoreSelection();
 }
 
 void PLPageTextView::redo()
 {
-    QTextEdit::redo();
+    do {
+        m_passedStepMark = false;
+        QTextEdit::redo();
+    } while (m_passedStepMark && document()->isRedoAvailable());
     restoreSelection();
 }
 
@@ -95,4 +117,10 @@ void PLPageTextView::select(PLSelectionEnds ends)
     setTextCursor(cursor);
     cursor.setPosition(qMin(ends.position, last), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+void PLPageTextView::beginUndoStep()
+{
+    if (document()->isUndoAvailable())
+        document()->appendUndoItem(new PLStepMark(*this));
 }

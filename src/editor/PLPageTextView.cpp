@@ -115,7 +115,18 @@ void PLPageTextView::keyPressEvent(QKeyEvent *event)
         return undo();
     if (!isReadOnly() && event == QKeySequence::Redo)
         return redo();
+    const QString text = event->text();
+    if (!text.isEmpty() && text.front().isPrint() && m_typingSteps.beginsWith(text.front()))
+        beginUndoStep();
     QTextEdit::keyPressEvent(event);
+}
+
+void PLPageTextView::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString text = event->commitString();
+    if (!text.isEmpty() && m_typingSteps.beginsWith(text.front()))
+        beginUndoStep();
+    QTextEdit::inputMethodEvent(event);
 }
 
 void PLPageTextView::paintEvent(QPaintEvent *event)

@@ -5,6 +5,7 @@
 
 #include "editor/PLPageCharacters.h"
 #include "editor/PLTextEdit.h"
+#include "editor/PLTypingSteps.h"
 #include "platform/PLCommand.h"
 
 #include <QTextEdit>
@@ -44,6 +45,9 @@ public:
     /// For the undo history: what to select when the step that is being undone or redone is over.
     void restoreAfterStep(PLSelectionEnds ends);
 
+    /// For the undo history: a mark between two steps of typing was passed.
+    void passStepMark() { m_passedStepMark = true; }
+
     /// These stand before the toolkit's own, which leave a caret where a step had a selection.
     void undo();
     void redo();
@@ -59,6 +63,7 @@ Q_SIGNALS:
     void textDidChange();
 
 protected:
+    void inputMethodEvent(QInputMethodEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -77,10 +82,13 @@ private:
     PLSelectionEnds selectionEnds() const;
     void select(PLSelectionEnds ends);
     void restoreSelection();
+    void beginUndoStep();
 
     std::unique_ptr<PLPageCharacters> m_characters;
     QTextDocument *m_loadedDocument = nullptr;
     QTimer m_layoutTimer; ///< runs while paragraphs are still to be laid out
     std::optional<PLSelectionEnds> m_selectionToRestore;
+    PLTypingSteps m_typingSteps;
+    bool m_passedStepMark = false; ///< undo or redo has met nothing but the mark between two steps
     bool m_loading = false;
 };

@@ -39,6 +39,10 @@ constexpr PLStringPair pairs[] = {
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // Tag field, for a screen reader
+    {u"Tags proposés", u"Suggested tags"},
+    {u"Supprimer le tag", u"Delete Tag"},
+    {u"Modifier le tag", u"Edit Tag"},
 };
 // clang-format on
 

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void everyCharacterComesBackAfterALetterIsTypedAnywhere();
     void loadingAPageIsNoChangeAndLeavesNothingToUndo();
     void resizingIsNoChangeAndAddsNoUndoStep();
+    void undoGoesByWords();
+    void aNewWordForgetsWhatWasUndone();
     void returnInAnEmptyParagraphMakesAnother();
     void whatIsInSightStaysWhileThePageIsLaidOut();
     void aPasteKeepsItsSpacesAndIsOneUndoStep();
@@ -117,6 +119,39 @@ void PLPageTextViewTest::resizingIsNoChangeAndAddsNoUndoStep()
     QCOMPARE(changes.count(), 0);
     QCOMPARE(view.document()->availableUndoSteps(), 0);
     QVERIFY(!view.document()->isModified());
+}
+
+void PLPageTextViewTest::undoGoesByWords()
+{
+    PLPageTextView view;
+    view.setPageText(u"."_s);
+    QTest::keyClicks(&view, u"un mot  encore"_s);
+
+    const QStringList steps = {u"un mot  encore."_s, u"un mot  ."_s, u"un ."_s, u"."_s};
+    for (const QString &step : steps) {
+        QCOMPARE(view.pageText(), step);
+        view.undo();
+    }
+    QCOMPARE(view.pageText(), u"."_s);
+    QVERIFY(!view.document()->isUndoAvailable());
+    for (qsizetype step = steps.size() - 2; step >= 0; --step) {
+        QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(view.pageText(), steps[step]);
+    }
+    QVERIFY(!view.document()->isRedoAvailable());
+}
+
+void PLPageTextViewTest::aNewWordForgetsWhatWasUndone()
+{
+    PLPageTextView view;
+    QTest::keyClicks(&view, u"un deux"_s);
+    view.undo();
+    QTest::keyClicks(&view, u"trois"_s);
+
+    QCOMPARE(view.pageText(), u"un trois"_s);
+    QVERIFY(!view.document()->isRedoAvailable());
+    view.undo();
+    QCOMPARE(view.pageText(), u"un "_s);
 }
 
 void PLPageTextViewTest::returnInAnEmptyParagraphMakesAnother()

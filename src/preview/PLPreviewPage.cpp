@@ -5,6 +5,7 @@
 
 #include "preview/PLPreviewGate.h"
 
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineNewWindowRequest>
 
@@ -26,6 +27,7 @@ PLPreviewPage::PLPreviewPage(QWebEngineProfile *profile, QObject *parent)
     : QWebEnginePage(profile, parent), m_gate(new PLPreviewGate(this))
 {
     setUrlRequestInterceptor(m_gate);
+    connect(this, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo &i) { qDebug() << isLoading() << "LOAD" << i.status() << i.url().toString().left(60) << i.errorCode() << i.errorString();});
     connect(this, &QWebEnginePage::newWindowRequested, this, &PLPreviewPage::handOverNewWindow);
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl &origin, Feature feature) {
@@ -44,6 +46,7 @@ void PLPreviewPage::showDocument(const QString &html, const QUrl &baseURL)
 
 bool PLPreviewPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
+    qDebug() << "NAV" << url.toString().left(60) << type << isMainFrame << isLoading();
     if (type == NavigationTypeLinkClicked) {
         Q_EMIT linkClicked(url);
         return false;

@@ -10,6 +10,7 @@
 #include "preview/PLUnfocusedWebView.h"
 #include "theme/PLTheme.h"
 
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
 
 namespace {
@@ -30,7 +31,7 @@ PLWebPreview::PLWebPreview(QWidget *parent)
     m_page->setBackgroundColor(PLTheme::paperColor()); // no white flash before the first page
     m_widget->setPage(m_page);
     connect(m_page, &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
-    connect(m_page, &QWebEnginePage::loadFinished, this, &PLWebPreview::frameDidLoad);
+    connect(m_page, &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &PLWebPreview::renderProcessDied);
 }
 
@@ -83,16 +84,20 @@ void PLWebPreview::startLoad(const Document &document)
     m_page->showDocument(parts.frame, document.baseURL);
 }
 
-void PLWebPreview::frameDidLoad(bool ok)
+void PLWebPreview::loadingDidChange(const QWebEngineLoadingInfo &info)
 {
     if (m_state != State::Loading)
         return;
+    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+        frameDidLoad();
+    else if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
+        renderProcessDied();
+}
+
+void PLWebPreview::frameDidLoad()
+{
     if (m_nextDocument) {
         startLoad(*std::exchange(m_nextDocument, std::nullopt));
-        return;
-    }
-    if (!ok) {
-        renderProcessDied();
         return;
     }
     m_state = State::Filling;

@@ -46,7 +46,8 @@ private:
     };
 
     void startLoad(const Document &document);
-    void frameDidLoad(bool ok);
+    void loadingDidChange(const QWebEngineLoadingInfo &info);
+    void frameDidLoad();
     void fill();
     void didFill();
     void sendNext();

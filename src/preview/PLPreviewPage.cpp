@@ -5,7 +5,6 @@
 
 #include "preview/PLPreviewGate.h"
 
-#include <QWebEngineLoadingInfo>
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineNewWindowRequest>
 
@@ -27,7 +26,6 @@ PLPreviewPage::PLPreviewPage(QWebEngineProfile *profile, QObject *parent)
     : QWebEnginePage(profile, parent), m_gate(new PLPreviewGate(this))
 {
     setUrlRequestInterceptor(m_gate);
-    connect(this, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo &i) { qDebug() << isLoading() << "LOAD" << i.status() << i.url().toString().left(60) << i.errorCode() << i.errorString();});
     connect(this, &QWebEnginePage::newWindowRequested, this, &PLPreviewPage::handOverNewWindow);
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl &origin, Feature feature) {
@@ -46,13 +44,14 @@ void PLPreviewPage::showDocument(const QString &html, const QUrl &baseURL)
 
 bool PLPreviewPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
-    qDebug() << "NAV" << url.toString().left(60) << type << isMainFrame << isLoading();
-    if (type == NavigationTypeLinkClicked) {
-        Q_EMIT linkClicked(url);
-        return false;
-    }
     // setHtml() navigates to a data URL, as if it had been typed; a page cannot.
-    return isMainFrame && type == NavigationTypeTyped && url.scheme() == u"data"_s;
+    if (isMainFrame && type == NavigationTypeTyped && url.scheme() == u"data"_s)
+        return true;
+    if (type == NavigationTypeLinkClicked)
+        Q_EMIT linkClicked(url);
+    if (isMainFrame)
+        Q_EMIT navigationRefused();
+    return false;
 }
 
 QStringList PLPreviewPage::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &)

@@ -21,6 +21,8 @@ public:
 
 Q_SIGNALS:
     void linkClicked(const QUrl &url);
+    /// The page wanted to go somewhere. It stays, but a document that was on its way is lost by that.
+    void navigationRefused();
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;

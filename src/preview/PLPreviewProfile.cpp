@@ -44,7 +44,8 @@ std::shared_ptr<QWebEngineProfile> makeProfile()
     profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     for (const QWebEngineSettings::WebAttribute attribute : switchedOff)
         profile->settings()->setAttribute(attribute, false);
-    profile->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowUnknownUrlSchemesFromUserInteraction);
+    profile->settings()->setUnknownUrlSchemePolicy(
+        QWebEngineSettings::AllowUnknownUrlSchemesFromUserInteraction);
     QObject::connect(profile.get(), &QWebEngineProfile::downloadRequested, profile.get(),
                      [](QWebEngineDownloadRequest *download) { download->cancel(); });
     return profile;

@@ -31,6 +31,7 @@ PLWebPreview::PLWebPreview(QWidget *parent)
     m_page->setBackgroundColor(PLTheme::paperColor()); // no white flash before the first page
     m_widget->setPage(m_page);
     connect(m_page, &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
+    connect(m_page, &PLPreviewPage::navigationRefused, this, &PLWebPreview::repeatLoad, Qt::QueuedConnection);
     connect(m_page, &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &PLWebPreview::renderProcessDied);
 }
@@ -78,20 +79,32 @@ void PLWebPreview::startLoad(const Document &document)
     ++m_load;
     m_state = State::Loading;
     m_isBusy = false;
+    m_isRepeated = false;
     // What was asked for while another load was under way is meant for this document.
     if (!m_nextContent && !parts.content.isNull())
         m_nextContent = parts.content;
-    m_page->showDocument(parts.frame, document.baseURL);
+    m_frame = {parts.frame, document.baseURL};
+    m_page->showDocument(m_frame.html, m_frame.baseURL);
+}
+
+/// A link was clicked while the frame was on its way: the engine has dropped it without a word (Qt 6.4.2).
+void PLWebPreview::repeatLoad()
+{
+    if (m_state != State::Loading)
+        return;
+    m_isRepeated = true;
+    m_page->showDocument(m_frame.html, m_frame.baseURL);
 }
 
 void PLWebPreview::loadingDidChange(const QWebEngineLoadingInfo &info)
 {
-    if (m_state != State::Loading)
-        return;
-    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+    const bool isThere = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    if (m_state == State::Loading && isThere)
         frameDidLoad();
-    else if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
+    else if (m_state == State::Loading && info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
         renderProcessDied();
+    else if (m_state != State::Loading && isThere && std::exchange(m_isRepeated, false))
+        loseDocument(); // the first load was not dropped after all, and the second has an empty frame
 }
 
 void PLWebPreview::frameDidLoad()
@@ -160,7 +173,7 @@ void PLWebPreview::runScript(const QString &script, const std::function<void(con
     m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld, answer);
 }
 
-void PLWebPreview::renderProcessDied()
+void PLWebPreview::forgetDocument()
 {
     ++m_load;
     m_state = State::Empty;
@@ -168,6 +181,17 @@ void PLWebPreview::renderProcessDied()
     m_nextDocument.reset();
     m_nextContent.reset();
     m_nextRatio.reset();
+}
+
+void PLWebPreview::loseDocument()
+{
+    forgetDocument();
+    askForDocument();
+}
+
+void PLWebPreview::renderProcessDied()
+{
+    forgetDocument();
     if (!m_sinceDeath.isValid() || m_sinceDeath.hasExpired(deathsTogetherMilliseconds))
         m_deaths = 0;
     m_sinceDeath.start();

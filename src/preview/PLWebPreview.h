@@ -15,6 +15,7 @@
 
 class PLPreviewPage;
 class PLUnfocusedWebView;
+class QWebEngineLoadingInfo;
 
 /// The preview drawn by the web engine. The engine works in other processes, so everything is asked for and
 /// comes later: one thing at a time, and of what is asked for meanwhile only the latest.
@@ -46,6 +47,7 @@ private:
     };
 
     void startLoad(const Document &document);
+    void repeatLoad();
     void loadingDidChange(const QWebEngineLoadingInfo &info);
     void frameDidLoad();
     void fill();
@@ -54,6 +56,8 @@ private:
     void sendContent(const QString &fragment);
     void sendRatio(double ratio);
     void runScript(const QString &script, const std::function<void(const QVariant &)> &then);
+    void forgetDocument();
+    void loseDocument();
     void renderProcessDied();
     void askForDocument();
 
@@ -64,6 +68,8 @@ private:
     State m_state = State::Empty;
     int m_load = 0; // counts the loads, so that an answer from an earlier one is known
     bool m_isBusy = false;
+    bool m_isRepeated = false;
+    Document m_frame; // without its content
     std::optional<Document> m_nextDocument;
     std::optional<QString> m_nextContent;
     std::optional<double> m_nextRatio;

@@ -118,6 +118,8 @@ void PLPageTextView::keyPressEvent(QKeyEvent *event)
     const QString text = event->text();
     if (!text.isEmpty() && text.front().isPrint() && m_typingSteps.beginsWith(text.front()))
         beginUndoStep();
+    if (!isReadOnly() && m_characters->encoded(text) != text)
+        return insertPageText(text);
     QTextEdit::keyPressEvent(event);
 }
 
@@ -126,7 +128,10 @@ void PLPageTextView::inputMethodEvent(QInputMethodEvent *event)
     const QString text = event->commitString();
     if (!text.isEmpty() && m_typingSteps.beginsWith(text.front()))
         beginUndoStep();
-    QTextEdit::inputMethodEvent(event);
+    QInputMethodEvent encoded(event->preeditString(), event->attributes());
+    encoded.setCommitString(m_characters->encoded(text), event->replacementStart(), event->replacementLength());
+    QTextEdit::inputMethodEvent(&encoded);
+    event->setAccepted(encoded.isAccepted());
 }
 
 void PLPageTextView::paintEvent(QPaintEvent *event)

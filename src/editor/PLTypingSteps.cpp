@@ -5,13 +5,13 @@
 
 namespace {
 
-constexpr qint64 pause = 1500; // milliseconds
+constexpr qint64 longPause = 1500; // milliseconds
 
 } // namespace
 
 bool PLTypingSteps::beginsWith(QChar character)
 {
-    const bool isAfterPause = !m_sinceLast.isValid() || m_sinceLast.elapsed() > pause;
+    const bool isAfterPause = !m_sinceLast.isValid() || m_sinceLast.elapsed() > longPause;
     const bool isNewWord = m_last.isSpace() && !character.isSpace();
     m_sinceLast.start();
     m_last = character;

@@ -3,8 +3,10 @@
 
 #include "editor/PLPageTextView.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -49,6 +51,7 @@ class PLPageTextViewTest final : public QObject
 
 private Q_SLOTS:
     void everyCharacterComesBackAfterALetterIsTypedAnywhere();
+    void aTypedStandInIsKeptApart();
     void loadingAPageIsNoChangeAndLeavesNothingToUndo();
     void resizingIsNoChangeAndAddsNoUndoStep();
     void undoGoesByWords();
@@ -86,6 +89,21 @@ void PLPageTextViewTest::everyCharacterComesBackAfterALetterIsTypedAnywhere()
         view.undo();
         QCOMPARE(view.pageText(), text);
     }
+}
+
+void PLPageTextViewTest::aTypedStandInIsKeptApart()
+{
+    PLPageTextView view;
+    view.setPageText(u"\u2029"_s);
+    const QString standIn = view.document()->toRawText();
+    QInputMethodEvent composed;
+    composed.setCommitString(standIn);
+
+    QApplication::sendEvent(&view, &composed);
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, standIn);
+    QApplication::sendEvent(&view, &key);
+
+    QCOMPARE(view.pageText(), standIn + standIn + u"\u2029"_s);
 }
 
 void PLPageTextViewTest::loadingAPageIsNoChangeAndLeavesNothingToUndo()

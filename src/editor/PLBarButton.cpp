@@ -50,6 +50,8 @@ void PLBarButton::drawRect(QPainter &painter)
     const QRectF outline = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool isRaised = isDown() || isChecked() || (underMouse() && isEnabled());
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(
+        Qt::LayoutDirectionAuto); // the title's own script decides, not the interface's
     painter.setPen(isRaised ? QPen(PLTheme::shadowed(PLTheme::coverColor(), 0.18), 1) : QPen(Qt::NoPen));
     painter.setBrush(fillColor());
     painter.drawRoundedRect(outline, radius, radius);

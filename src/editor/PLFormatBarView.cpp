@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -101,7 +103,12 @@ void PLFormatBarView::setPreviewOn(bool isOn)
     button(PLCommand::TogglePreview)->setChecked(isOn);
 }
 
-PLBarButton *PLFormatBarView::button(PLCommand command, int tag) const
+PLBarButton *PLFormatBarView::button(PLCommand command, int tag)
+{
+    return const_cast<PLBarButton *>(std::as_const(*this).button(command, tag));
+}
+
+const PLBarButton *PLFormatBarView::button(PLCommand command, int tag) const
 {
     for (const Item &item : m_items) {
         if (item.command == command && item.tag == tag)

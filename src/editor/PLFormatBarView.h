@@ -27,7 +27,8 @@ public:
     /// The state that the preview's button shows.
     void setPreviewOn(bool isOn);
     /// The button of a command, null if there is none.
-    PLBarButton *button(PLCommand command, int tag = 0) const;
+    PLBarButton *button(PLCommand command, int tag = 0);
+    const PLBarButton *button(PLCommand command, int tag = 0) const;
 
     QSize sizeHint() const override { return {640, barHeight}; }
     QSize minimumSizeHint() const override { return {0, barHeight}; }

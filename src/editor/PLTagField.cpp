@@ -226,7 +226,7 @@ void PLTagField::restartBlinking()
 QPointF PLTagField::rowOrigin() const
 {
     const double x = layoutDirection() == Qt::LeftToRight ? margin - m_scroll : width() - margin + m_scroll;
-    return QPointF(x, (height() - PLTagToken::height) / 2);
+    return QPointF(x, (height() - PLTagToken::height) / 2.0);
 }
 
 void PLTagField::focusInEvent(QFocusEvent *event)

@@ -24,10 +24,12 @@ constexpr CommandKey commandKeys[] = {
     {QKeySequence::Paste, PLCommand::Paste}, {QKeySequence::SelectAll, PLCommand::SelectAll},
 };
 
+using Deletion = void (PLTagFieldModel::*)();
+
 struct DeletionKey
 {
     QKeySequence::StandardKey key;
-    void (PLTagFieldModel::*deletion)();
+    Deletion deletion;
 };
 
 constexpr DeletionKey deletionKeys[] = {
@@ -48,6 +50,12 @@ PLCommand commandOfKey(const QKeyEvent &event)
     return PLCommand::None;
 }
 
+#ifdef Q_OS_MACOS
+constexpr bool isAltForTyping = true;
+#else
+constexpr bool isAltForTyping = false; // it opens the menus
+#endif
+
 /// True for a key that types a character; Ctrl with Alt is the AltGr of some keyboards.
 bool isTyping(const QKeyEvent &event)
 {
@@ -55,7 +63,8 @@ bool isTyping(const QKeyEvent &event)
     if (text.isEmpty())
         return false;
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    if (modifiers == Qt::ControlModifier || modifiers & Qt::MetaModifier)
+    const bool isMenuKey = modifiers == Qt::AltModifier && !isAltForTyping;
+    if (modifiers == Qt::ControlModifier || modifiers & Qt::MetaModifier || isMenuKey)
         return false;
     const QChar first = text.front();
     return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format ||
@@ -69,15 +78,25 @@ bool isBackspaceKey(const QKeyEvent &event)
            !(event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
 }
 
+/// Null for a key that deletes nothing.
+Deletion deletionOfKey(const QKeyEvent &event)
+{
+    if (isBackspaceKey(event))
+        return &PLTagFieldModel::deleteBackward;
+    for (const DeletionKey &entry : deletionKeys) {
+        if (event.matches(entry.key))
+            return entry.deletion;
+    }
+    return nullptr;
+}
+
 /// The keys a field takes before the shortcuts of the menus.
 bool isEditingKey(const QKeyEvent &event)
 {
-    if (isTyping(event) || commandOfKey(event) != PLCommand::None)
+    if (isTyping(event) || deletionOfKey(event) || commandOfKey(event) != PLCommand::None)
         return true;
-    for (const auto key :
-         {QKeySequence::Backspace, QKeySequence::Delete, QKeySequence::DeleteStartOfWord,
-          QKeySequence::DeleteEndOfWord, QKeySequence::MoveToNextWord, QKeySequence::MoveToPreviousWord,
-          QKeySequence::SelectNextWord, QKeySequence::SelectPreviousWord}) {
+    for (const auto key : {QKeySequence::MoveToNextWord, QKeySequence::MoveToPreviousWord,
+                           QKeySequence::SelectNextWord, QKeySequence::SelectPreviousWord}) {
         if (event.matches(key))
             return true;
     }
@@ -170,14 +189,11 @@ bool PLTagField::performStandardKey(const QKeyEvent &event)
         performCommand(command, 0);
         return true;
     }
-    for (const DeletionKey &entry : deletionKeys) {
-        const bool isBackspace = entry.key == QKeySequence::Backspace && isBackspaceKey(event);
-        if (isBackspace || event.matches(entry.key)) {
-            apply([&] { (m_model.*entry.deletion)(); });
-            return true;
-        }
-    }
-    return false;
+    const Deletion deletion = deletionOfKey(event);
+    if (!deletion)
+        return false;
+    apply([&] { (m_model.*deletion)(); });
+    return true;
 }
 
 bool PLTagField::performMovement(const QKeyEvent &event)

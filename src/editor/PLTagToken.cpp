@@ -59,6 +59,7 @@ void PLTagToken::draw(QPainter &painter, const QRectF &rect, const QString &show
     const QRectF outline = rect.adjusted(0.5, 0.5, -0.5, -0.5); // a line of one point, drawn sharp
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto); // the tag's own script decides, not the interface's
     painter.setPen(QPen(colors.line, 1));
     painter.setBrush(colors.fill);
     painter.drawRoundedRect(outline, outline.height() / 2, outline.height() / 2);

@@ -228,7 +228,7 @@ void PLBarViewsTest::aButtonIsPressedByKey_data()
 void PLBarViewsTest::aButtonIsPressedByKey()
 {
     QFETCH(int, key);
-    const PLFormatBarView bar;
+    PLFormatBarView bar;
     int told = 0;
     connect(&bar, &PLFormatBarView::commandTriggered, this, [&] { ++told; });
     QTest::keyClick(bar.button(PLCommand::FormatBold), Qt::Key(key));

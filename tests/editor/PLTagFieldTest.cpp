@@ -609,7 +609,11 @@ void PLTagFieldTest::typingKeysComeBeforeTheShortcutsOfTheMenu()
     QVERIFY(isTaken(Qt::Key_A, {}, u"a"_s));
     QVERIFY(isTaken(Qt::Key_Z, Qt::ControlModifier, QString()));
     QVERIFY(isTaken(Qt::Key_Left, Qt::ControlModifier, QString()));
+    QVERIFY(isTaken(Qt::Key_Backspace, {}, u"\b"_s));
     QVERIFY(!isTaken(Qt::Key_S, Qt::ControlModifier, u"\x13"_s));
+#ifndef Q_OS_MACOS
+    QVERIFY(!isTaken(Qt::Key_F, Qt::AltModifier, u"f"_s));
+#endif
     QVERIFY(!isTaken(Qt::Key_N, Qt::ControlModifier, u"\x0e"_s));
 }
 

@@ -137,7 +137,8 @@ void PLEditorView::divideInHalf()
 void PLEditorView::constrainDivider()
 {
     const int width = m_splitView->width();
-    const int position = qMax(smallestPaneWidth, qMin(m_splitView->sizes().constFirst(), width - smallestPaneWidth));
+    const int position =
+        qMax(smallestPaneWidth, qMin(m_splitView->sizes().constFirst(), width - smallestPaneWidth));
     if (position != m_splitView->sizes().constFirst())
         m_splitView->setSizes({position, width - position - m_splitView->handleWidth()});
 }

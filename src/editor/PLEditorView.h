@@ -16,8 +16,8 @@ class PLTagBarView;
 class PLTagField;
 class QSplitter;
 
-/// The right-hand side of a notebook window: the format bar, the tags, the page with its preview beside it, and
-/// the number of words.
+/// The right-hand side of a notebook window: the format bar, the tags, the page with its preview beside it,
+/// and the number of words.
 class PLEditorView final : public QWidget, public PLCommandHandler
 {
     Q_OBJECT

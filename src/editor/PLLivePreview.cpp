@@ -26,9 +26,7 @@ constexpr auto previewDelay = 300ms;
 } // namespace
 
 PLLivePreview::PLLivePreview(PLPageTextView &textView, QWidget *parent)
-    : QWidget(parent)
-    , m_textView(textView)
-    , m_timer(this)
+    : QWidget(parent), m_textView(textView), m_timer(this)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

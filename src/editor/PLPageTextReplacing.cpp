@@ -32,10 +32,7 @@ private:
 class PLStepMark final : public QAbstractUndoItem
 {
 public:
-    explicit PLStepMark(PLPageTextView &view)
-        : m_view(view)
-    {
-    }
+    explicit PLStepMark(PLPageTextView &view) : m_view(view) {}
 
     void undo() override { m_view.passStepMark(); }
     void redo() override { m_view.passStepMark(); }

@@ -129,7 +129,8 @@ void PLPageTextView::inputMethodEvent(QInputMethodEvent *event)
     if (!text.isEmpty() && m_typingSteps.beginsWith(text.front()))
         beginUndoStep();
     QInputMethodEvent encoded(event->preeditString(), event->attributes());
-    encoded.setCommitString(m_characters->encoded(text), event->replacementStart(), event->replacementLength());
+    encoded.setCommitString(m_characters->encoded(text), event->replacementStart(),
+                            event->replacementLength());
     QTextEdit::inputMethodEvent(&encoded);
     event->setAccepted(encoded.isAccepted());
 }

@@ -251,7 +251,8 @@ void PLProjectWindowController::connectTagField()
     m_tagCompletion = std::make_unique<PLTagCompletion>([this] { return m_sidebar->allTags(); });
     field->setDelegate(m_tagCompletion.get());
     connect(field, &PLTagField::textDidChange, m_session.get(), &PLPageSession::contentDidChange);
-    connect(m_tagCompletion.get(), &PLTagCompletion::tagsAdded, m_session.get(), &PLPageSession::contentDidChange);
+    connect(m_tagCompletion.get(), &PLTagCompletion::tagsAdded, m_session.get(),
+            &PLPageSession::contentDidChange);
     connect(field, &PLTagField::didEndEditing, this, &PLProjectWindowController::tagsDidChange);
 }
 
@@ -299,7 +300,8 @@ void PLProjectWindowController::updateWindowTitle()
     m_window->setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s) + u"[*]"_s);
 }
 
-/// The sidebar shows the page's new tags, but only when the event loop has turned: the field is still closing.
+/// The sidebar shows the page's new tags, but only when the event loop has turned: the field is still
+/// closing.
 void PLProjectWindowController::tagsDidChange()
 {
     if (m_session->saveChangedTags())

@@ -9,8 +9,7 @@
 #include <QSet>
 
 PLTagCompletion::PLTagCompletion(std::function<QStringList()> allTags, QObject *parent)
-    : QObject(parent)
-    , m_allTags(std::move(allTags))
+    : QObject(parent), m_allTags(std::move(allTags))
 {
 }
 

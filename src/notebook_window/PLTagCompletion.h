@@ -9,8 +9,8 @@
 
 #include <functional>
 
-/// Makes the tag field prefer the tags that the notebook already has: it proposes them, and a tag that is one of
-/// them but for case or accents is spelled as it.
+/// Makes the tag field prefer the tags that the notebook already has: it proposes them, and a tag that is one
+/// of them but for case or accents is spelled as it.
 class PLTagCompletion final : public QObject, public PLTagFieldDelegate
 {
     Q_OBJECT

@@ -31,10 +31,12 @@ void PLTagCompletionTest::whatIsTypedProposesTags_data()
 
     QTest::newRow("without the accent") << u"pe"_s << QStringList() << QStringList{u"Pékin"_s};
     QTest::newRow("one letter") << u"P"_s << QStringList() << QStringList{u"Paris"_s, u"Pékin"_s, u"port"_s};
-    QTest::newRow("nothing but spaces") << u"  "_s << QStringList() << QStringList{u"Paris"_s, u"Pékin"_s, u"port"_s};
+    QTest::newRow("nothing but spaces")
+        << u"  "_s << QStringList() << QStringList{u"Paris"_s, u"Pékin"_s, u"port"_s};
     QTest::newRow("spaces around") << u" po\t"_s << QStringList() << QStringList{u"port"_s};
     QTest::newRow("one is there") << u"p"_s << QStringList{u"Paris"_s} << QStringList{u"Pékin"_s, u"port"_s};
-    QTest::newRow("there in another case") << u"p"_s << QStringList{u"PARIS"_s} << QStringList{u"Pékin"_s, u"port"_s};
+    QTest::newRow("there in another case")
+        << u"p"_s << QStringList{u"PARIS"_s} << QStringList{u"Pékin"_s, u"port"_s};
     QTest::newRow("there with another accent")
         << u"pa"_s << QStringList{u"Páris"_s} << QStringList{u"Paris"_s};
     QTest::newRow("the middle of a tag") << u"ris"_s << QStringList() << QStringList();
@@ -58,8 +60,8 @@ void PLTagCompletionTest::addedTagsAreSpelledAsTheNotebookHasThem_data()
     QTest::newRow("unknown") << QStringList{u"Lyon"_s} << QStringList{u"Lyon"_s};
     QTest::newRow("spaces and empty ones") << QStringList{u" PORT "_s, u""_s} << QStringList{u"port"_s};
     QTest::newRow("a longer tag") << QStringList{u"Parisien"_s} << QStringList{u"Parisien"_s};
-    QTest::newRow("two that are the same") << QStringList{u"pékin"_s, u"pekin"_s}
-                                           << QStringList{u"Pékin"_s, u"Pékin"_s};
+    QTest::newRow("two that are the same")
+        << QStringList{u"pékin"_s, u"pekin"_s} << QStringList{u"Pékin"_s, u"Pékin"_s};
 }
 
 void PLTagCompletionTest::addedTagsAreSpelledAsTheNotebookHasThem()

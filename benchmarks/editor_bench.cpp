@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 //
-// What a page costs to open and a key to type, beside a plain QTextEdit that holds the same text with the same
-// formats and fonts. Both in one run, by turns. A key's time is from the event to the end of the repaint.
+// What a page costs to open and a key to type, beside a plain QTextEdit that holds the same text with the
+// same formats and fonts. Both in one run, by turns. A key's time is from the event to the end of the
+// repaint.
 
 #include "editor/PLPageTextView.h"
 
@@ -32,7 +33,8 @@ double percentile(std::vector<double> times, double fraction)
     return times[size_t(double(times.size() - 1) * fraction)];
 }
 
-/// Prose of this many characters: the chapters of a folder of notebooks, over and over, or made-up paragraphs.
+/// Prose of this many characters: the chapters of a folder of notebooks, over and over, or made-up
+/// paragraphs.
 QString prose(const QString &folder, qsizetype length)
 {
     QString text;
@@ -43,8 +45,10 @@ QString prose(const QString &folder, qsizetype length)
             text += QString::fromUtf8(file.readAll());
     }
     if (text.isEmpty())
-        text = u"La pluie avait cessé vers le soir, et l'on voyait les toits mouillés de la ville. "_s.repeated(6)
-               + u"\n\n"_s;
+        text =
+            u"La pluie avait cessé vers le soir, et l'on voyait les toits mouillés de la ville. "_s.repeated(
+                6) +
+            u"\n\n"_s;
     while (text.size() < length)
         text += text.first(qMin(text.size(), length - text.size()));
     return text.first(length);
@@ -149,11 +153,11 @@ bool measure(const char *name, const QString &text, const Limits &limits)
     const double opening = percentile(ourOpenings, 0.5);
     const double openRatio = opening / percentile(plainOpenings, 0.5);
     const double keyRatio = percentile(ourKeys, 0.5) / percentile(plainKeys, 0.5);
-    std::printf("%-12s %9lld %9.1f %9.1f %7.2f %9.2f %9.2f %7.2f %9.2f %9.2f\n", name, (long long)text.size(), opening,
-                percentile(plainOpenings, 0.5), openRatio, percentile(ourKeys, 0.5), percentile(plainKeys, 0.5),
-                keyRatio, percentile(ourKeys, 0.99), percentile(plainKeys, 0.99));
-    return opening <= limits.openMilliseconds && (limits.openRatio == 0 || openRatio <= limits.openRatio)
-           && keyRatio <= limits.keyRatio && percentile(ourKeys, 0.99) <= frame;
+    std::printf("%-12s %9lld %9.1f %9.1f %7.2f %9.2f %9.2f %7.2f %9.2f %9.2f\n", name, (long long)text.size(),
+                opening, percentile(plainOpenings, 0.5), openRatio, percentile(ourKeys, 0.5),
+                percentile(plainKeys, 0.5), keyRatio, percentile(ourKeys, 0.99), percentile(plainKeys, 0.99));
+    return opening <= limits.openMilliseconds && (limits.openRatio == 0 || openRatio <= limits.openRatio) &&
+           keyRatio <= limits.keyRatio && percentile(ourKeys, 0.99) <= frame;
 }
 
 } // namespace
@@ -162,7 +166,8 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     const QString folder = argc > 1 ? QFile::decodeName(argv[1]) : QString();
-    std::puts("               length  open, ms     plain   ratio   key, ms     plain   ratio  key, p99     plain");
+    std::puts(
+        "               length  open, ms     plain   ratio   key, ms     plain   ratio  key, p99     plain");
     const bool chapterHolds = measure("chapter", prose(folder, 50'000), {50, 0, 1.3});
     const bool novelHolds = measure("whole novel", prose(folder, 3'200'000), {400, 0.2, 1.1});
     std::puts(chapterHolds && novelHolds ? "all limits hold" : "NOT all limits hold");

@@ -43,8 +43,7 @@ bool hasVisibleWindows()
 
 } // namespace
 
-PLAppDelegate::PLAppDelegate(QObject *parent)
-    : QObject(parent)
+PLAppDelegate::PLAppDelegate(QObject *parent) : QObject(parent)
 {
     PLCommandChain::setApplicationHandler(this);
 }
@@ -133,8 +132,9 @@ void PLAppDelegate::newProject()
 
 void PLAppDelegate::openProject()
 {
-    const PLPanelTexts texts{PLLocalizedString(u"Ouvrir un carnet"_s), PLLocalizedString(u"Ouvrir"_s),
-                             PLLocalizedString(u"Choisissez le dossier d'un carnet, ou son fichier projet.md."_s)};
+    const PLPanelTexts texts{
+        PLLocalizedString(u"Ouvrir un carnet"_s), PLLocalizedString(u"Ouvrir"_s),
+        PLLocalizedString(u"Choisissez le dossier d'un carnet, ou son fichier projet.md."_s)};
     const QUrl chosen = PLChooseFolderOrMarkdownFile(texts, QApplication::activeWindow());
     if (!chosen.isEmpty())
         openProjectAtURL(chosen);
@@ -144,7 +144,8 @@ void PLAppDelegate::showLibrary()
 {
     if (!m_library) {
         m_library = std::make_unique<PLLibraryWindowController>(*this);
-        connect(m_library.get(), &PLLibraryWindowController::windowClosed, this, &PLAppDelegate::libraryClosed);
+        connect(m_library.get(), &PLLibraryWindowController::windowClosed, this,
+                &PLAppDelegate::libraryClosed);
         PLInstallMainMenu(*m_library->window());
     } else {
         m_library->reload();
@@ -296,7 +297,8 @@ bool PLAppDelegate::confirmMakingNotebook(const QUrl &folder) const
     PLAlert alert;
     alert.message = PLFormat(PLLocalizedString(u"« %@ » n'est pas encore un carnet"_s),
                              {QFileInfo(folder.toLocalFile()).fileName()});
-    alert.informativeText = PLLocalizedString(u"Voulez-vous en faire un carnet ? Aquilane y ajoutera un fichier projet.md et les dossiers Livre, Personnages, Lieux, Fiches et Notes. Les fichiers déjà présents ne seront pas modifiés."_s);
+    alert.informativeText = PLLocalizedString(
+        u"Voulez-vous en faire un carnet ? Aquilane y ajoutera un fichier projet.md et les dossiers Livre, Personnages, Lieux, Fiches et Notes. Les fichiers déjà présents ne seront pas modifiés."_s);
     alert.buttons = {PLLocalizedString(u"En faire un carnet"_s), PLLocalizedString(u"Annuler"_s)};
     alert.style = PLAlert::Style::Informational;
     return alert.runModal() == PLAlert::FirstButton;
@@ -378,8 +380,9 @@ bool PLAppDelegate::confirmQuitWithoutSaving(const PLProjectWindowController &co
 {
     PLAlert alert;
     alert.message = PLLocalizedString(u"Quitter sans enregistrer ?"_s);
-    alert.informativeText = PLFormat(PLLocalizedString(u"Une page du carnet « %@ » n'a pas pu être enregistrée."_s),
-                                     {controller.project().title()});
+    alert.informativeText =
+        PLFormat(PLLocalizedString(u"Une page du carnet « %@ » n'a pas pu être enregistrée."_s),
+                 {controller.project().title()});
     alert.buttons = {PLLocalizedString(u"Ne pas quitter"_s), PLLocalizedString(u"Quitter quand même"_s)};
     alert.escapeButton = PLAlert::FirstButton;
     return alert.runModal() == PLAlert::SecondButton;

@@ -16,7 +16,8 @@ class PLPreferencesWindowController;
 class PLProject;
 class PLProjectWindowController;
 
-/// Owns every window; opens and creates notebooks, and sees that nothing is left unsaved when the program ends.
+/// Owns every window; opens and creates notebooks, and sees that nothing is left unsaved when the program
+/// ends.
 class PLAppDelegate final : public QObject, public PLLibraryDelegate, public PLCommandHandler
 {
     Q_OBJECT
@@ -26,7 +27,10 @@ public:
     ~PLAppDelegate() override;
 
     /// The open notebook windows, in order of opening.
-    const std::vector<std::unique_ptr<PLProjectWindowController>> &projectWindows() const { return m_projectWindows; }
+    const std::vector<std::unique_ptr<PLProjectWindowController>> &projectWindows() const
+    {
+        return m_projectWindows;
+    }
     /// Null until it is first shown.
     PLLibraryWindowController *library() const { return m_library.get(); }
 

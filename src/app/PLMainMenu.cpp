@@ -137,8 +137,8 @@ QString titleOf(const MenuRow &row)
     return PLLocalizedString(QString::fromUtf16(row.title));
 }
 
-/// Items show how their command stands while their menu is open. At any other time they are enabled, so that a
-/// shortcut is never refused on old news; whoever handles the command has the last word.
+/// Items show how their command stands while their menu is open. At any other time they are enabled, so that
+/// a shortcut is never refused on old news; whoever handles the command has the last word.
 void updateItems(const QMenu *menu)
 {
     const QList<QAction *> actions = menu->actions();
@@ -163,7 +163,8 @@ void enableItems(const QMenu *menu)
 void keepItemsUpToDate(QMenu *menu)
 {
     QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] { updateItems(menu); });
-    QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] { enableItems(menu); }, Qt::QueuedConnection);
+    QObject::connect(
+        menu, &QMenu::aboutToHide, menu, [menu] { enableItems(menu); }, Qt::QueuedConnection);
 }
 
 void addRow(QMenu *menu, const MenuRow &row)
@@ -219,6 +220,7 @@ QAction *PLAddItem(QMenu *menu, const QString &title, PLCommand command, int tag
     action->setMenuRole(QAction::NoRole);
     if (!keys.isEmpty())
         action->setShortcut(keys);
-    QObject::connect(action, &QAction::triggered, action, [command, tag] { PLCommandChain::perform(command, tag); });
+    QObject::connect(action, &QAction::triggered, action,
+                     [command, tag] { PLCommandChain::perform(command, tag); });
     return action;
 }

@@ -24,7 +24,8 @@ QLabel *wrappingLabel(const QString &text)
 
 QLabel *explanation()
 {
-    QLabel *label = wrappingLabel(PLLocalizedString(u"Les dossiers d'un carnet (Livre, Personnages, Lieux…) gardent leur nom quelle que soit la langue, pour que tous les carnets restent compatibles."_s));
+    QLabel *label = wrappingLabel(PLLocalizedString(
+        u"Les dossiers d'un carnet (Livre, Personnages, Lieux…) gardent leur nom quelle que soit la langue, pour que tous les carnets restent compatibles."_s));
     QFont smallFont = label->font();
     smallFont.setPixelSize(11);
     label->setFont(smallFont);
@@ -35,8 +36,7 @@ QLabel *explanation()
 } // namespace
 
 PLPreferencesWindowController::PLPreferencesWindowController(QObject *parent)
-    : QObject(parent)
-    , m_window(std::make_unique<PLWindow>(nullptr))
+    : QObject(parent), m_window(std::make_unique<PLWindow>(nullptr))
 {
     m_window->setWindowTitle(PLLocalizedString(u"Préférences"_s));
     buildContent();
@@ -85,7 +85,7 @@ void PLPreferencesWindowController::updateControls()
     const bool isPending = preferred != PLLocalization::currentLanguage();
     m_pendingLabel->setText(
         isPending ? PLLocalization::string(
-            u"La nouvelle langue sera appliquée au prochain lancement d'Aquilane."_s, preferred)
+                        u"La nouvelle langue sera appliquée au prochain lancement d'Aquilane."_s, preferred)
                   : QString());
 }
 

@@ -13,8 +13,8 @@
 class QComboBox;
 class QLabel;
 
-/// The preferences window with its one setting, the interface language. A change is stored at once and shows after
-/// a restart, which is offered.
+/// The preferences window with its one setting, the interface language. A change is stored at once and shows
+/// after a restart, which is offered.
 class PLPreferencesWindowController final : public QObject
 {
     Q_OBJECT

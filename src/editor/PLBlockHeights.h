@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <vector>
 
-/// The heights of the paragraphs of a page, in points, so kept that the place of any of them, and the one at any
-/// place, are found in logarithmic time.
+/// The heights of the paragraphs of a page, in points, so kept that the place of any of them, and the one at
+/// any place, are found in logarithmic time.
 class PLBlockHeights final
 {
 public:
@@ -16,7 +16,8 @@ public:
     double total() const;
     /// The sum of the heights before this one.
     double top(size_t index) const;
-    /// The paragraph at this height from the top; the first or the last for a place outside. Not for an empty list.
+    /// The paragraph at this height from the top; the first or the last for a place outside. Not for an empty
+    /// list.
     size_t indexAt(double y) const;
 
     void setHeight(size_t index, double height);

@@ -3,26 +3,56 @@
 
 #include "editor/PLEditorView.h"
 
+#include "editor/PLFormatBarView.h"
+#include "editor/PLFormatCommands.h"
+#include "editor/PLLivePreview.h"
 #include "editor/PLPageTextView.h"
-#include "storage/PLProjectItem.h"
+#include "editor/PLTagBarView.h"
+#include "editor/PLTagField.h"
+#include "foundation/PLPreferences.h"
+#include "foundation/PLText.h"
+#include "i18n/PLLocalization.h"
+#include "markdown/PLMarkdown.h"
 
+#include <QLocale>
+#include <QSplitter>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int smallestPaneWidth = 240;
+const QString previewVisibleKey = u"PLPreviewVisible"_s;
+
+} // namespace
 
 PLEditorView::PLEditorView(QWidget *parent)
     : QWidget(parent)
+    , m_formatBar(new PLFormatBarView)
+    , m_tagBar(new PLTagBarView)
     , m_textView(new PLPageTextView)
+    , m_livePreview(new PLLivePreview(*m_textView))
+    , m_splitView(new QSplitter(Qt::Horizontal))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_textView);
+    layout->addWidget(m_formatBar);
+    layout->addWidget(m_tagBar);
+    layout->addWidget(buildPanes(), 1);
     setFocusProxy(m_textView);
+    setTabOrder(m_tagBar->tagField(), m_textView);
+    connectParts();
+    setPreviewVisible(PLPreferences::store().value(previewVisibleKey, true).toBool());
+    updateWordCount();
 }
 
 void PLEditorView::setText(const QString &text, const QUrl &baseURL)
 {
-    m_baseURL = baseURL;
     m_textView->setPageText(text);
+    m_livePreview->pageDidLoad(baseURL);
+    updateWordCount();
 }
 
 QString PLEditorView::text() const
@@ -30,7 +60,85 @@ QString PLEditorView::text() const
     return m_textView->pageText();
 }
 
+QStringList PLEditorView::tags() const
+{
+    return m_tagBar->tagField()->tags();
+}
+
 void PLEditorView::setTags(const QStringList &tags)
 {
-    m_tags = PLProjectItem::normalizedTags(tags);
+    m_tagBar->tagField()->setTags(tags);
+}
+
+PLTagField *PLEditorView::tagField() const
+{
+    return m_tagBar->tagField();
+}
+
+void PLEditorView::setPreviewVisible(bool visible)
+{
+    m_isPreviewVisible = visible;
+    m_livePreview->setVisible(visible);
+    m_formatBar->setPreviewOn(visible);
+    if (visible)
+        divideInHalf();
+    PLPreferences::store().setValue(previewVisibleKey, visible);
+}
+
+std::optional<PLCommandState> PLEditorView::stateOfCommand(PLCommand command, int) const
+{
+    if (command == PLCommand::TogglePreview)
+        return PLCommandState{!isHidden(), m_isPreviewVisible};
+    if (PLIsFormatCommand(command))
+        return PLCommandState{!isHidden()};
+    return std::nullopt;
+}
+
+void PLEditorView::performCommand(PLCommand command, int tag)
+{
+    if (command == PLCommand::TogglePreview)
+        togglePreview();
+    else
+        PLPerformFormatCommand(*m_textView, command, tag);
+}
+
+QWidget *PLEditorView::buildPanes()
+{
+    m_splitView->setHandleWidth(1);
+    m_splitView->setChildrenCollapsible(false);
+    m_splitView->addWidget(m_textView);
+    m_splitView->addWidget(m_livePreview);
+    connect(m_splitView, &QSplitter::splitterMoved, this, &PLEditorView::constrainDivider);
+    return m_splitView;
+}
+
+void PLEditorView::connectParts()
+{
+    connect(m_textView, &PLPageTextView::textDidChange, m_livePreview, &PLLivePreview::textDidChange);
+    connect(m_livePreview, &PLLivePreview::previewTimerFired, this, &PLEditorView::updateWordCount);
+    connect(m_formatBar, &PLFormatBarView::commandTriggered, this, &PLEditorView::performCommand);
+}
+
+void PLEditorView::updateWordCount()
+{
+    const qsizetype count = PLMarkdown::wordCountOfMarkdown(text());
+    const QString number = QLocale(PLLocalization::localeIdentifier()).toString(count);
+    const QString unit = PLLocalizedString(PLLocalization::isPlural(count) ? u"mots"_s : u"mot"_s);
+    m_formatBar->setWordCountText(PLFormat(u"%@ %@"_s, {number, unit}));
+}
+
+void PLEditorView::divideInHalf()
+{
+    const int width = m_splitView->width();
+    m_splitView->setSizes({width / 2, width - width / 2 - m_splitView->handleWidth()});
+}
+
+/// The limits hold for the writer's hand: a window that is made narrow may squeeze the panes further.
+void PLEditorView::constrainDivider()
+{
+    const int width = m_splitView->width();
+    const int position =
+        qMax(smallestPaneWidth, qMin(m_splitView->sizes().constFirst(), width - smallestPaneWidth));
+    if (position != m_splitView->sizes().constFirst())
+        m_splitView->setSizes({position, width - position - m_splitView->handleWidth()});
 }

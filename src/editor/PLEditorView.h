@@ -3,14 +3,22 @@
 
 #pragma once
 
+#include "platform/PLCommand.h"
+
 #include <QStringList>
 #include <QUrl>
 #include <QWidget>
 
+class PLFormatBarView;
+class PLLivePreview;
 class PLPageTextView;
+class PLTagBarView;
+class PLTagField;
+class QSplitter;
 
-/// The right-hand side of a notebook window: the page that is open, with its tags.
-class PLEditorView final : public QWidget
+/// The right-hand side of a notebook window: the format bar, the tags, the page with its preview beside it,
+/// and the number of words.
+class PLEditorView final : public QWidget, public PLCommandHandler
 {
     Q_OBJECT
 
@@ -21,13 +29,35 @@ public:
     void setText(const QString &text, const QUrl &baseURL);
     QString text() const;
 
-    QStringList tags() const { return m_tags; }
+    /// Normalised.
+    QStringList tags() const;
     void setTags(const QStringList &tags);
 
     PLPageTextView *textView() const { return m_textView; }
+    PLTagField *tagField() const;
+    PLFormatBarView *formatBar() const { return m_formatBar; }
+    PLLivePreview *livePreview() const { return m_livePreview; }
+    QSplitter *splitView() const { return m_splitView; }
+
+    /// Remembered in the preferences as "PLPreviewVisible"; visible until the writer hides it.
+    bool isPreviewVisible() const { return m_isPreviewVisible; }
+    void setPreviewVisible(bool visible);
+    void togglePreview() { setPreviewVisible(!m_isPreviewVisible); }
+
+    std::optional<PLCommandState> stateOfCommand(PLCommand command, int tag) const override;
+    void performCommand(PLCommand command, int tag) override;
 
 private:
+    QWidget *buildPanes();
+    void connectParts();
+    void updateWordCount();
+    void divideInHalf();
+    void constrainDivider();
+
+    PLFormatBarView *m_formatBar;
+    PLTagBarView *m_tagBar;
     PLPageTextView *m_textView;
-    QUrl m_baseURL;
-    QStringList m_tags;
+    PLLivePreview *m_livePreview;
+    QSplitter *m_splitView;
+    bool m_isPreviewVisible = true;
 };

@@ -58,7 +58,8 @@ char16_t PLPageCharacters::standInFor(char16_t unit)
     return standIn;
 }
 
-/// Non-characters first, then the private use area; a page that holds all of those still leaves some other unit.
+/// Non-characters first, then the private use area; a page that holds all of those still leaves some other
+/// unit.
 char16_t PLPageCharacters::freeUnit() const
 {
     const auto isFree = [this](char16_t unit) {

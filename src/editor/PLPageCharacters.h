@@ -8,9 +8,9 @@
 
 #include <bitset>
 
-/// Lets a text document hold every character of a page. A document keeps U+2029, U+FDD0, U+FDD1 and the carriage
-/// return for itself; here each of them gets a stand-in, one code unit that occurs nowhere in the page, so that
-/// positions stay the same and nothing is lost. One object serves one document.
+/// Lets a text document hold every character of a page. A document keeps U+2029, U+FDD0, U+FDD1 and the
+/// carriage return for itself; here each of them gets a stand-in, one code unit that occurs nowhere in the
+/// page, so that positions stay the same and nothing is lost. One object serves one document.
 class PLPageCharacters final
 {
 public:

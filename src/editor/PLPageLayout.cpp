@@ -18,7 +18,7 @@ constexpr int largestColumnWidth = 720;
 constexpr int smallestInset = 44;
 constexpr double lineHeightMultiple = 1.3;
 constexpr double tallestView = 2000; // points
-constexpr int smallChange = 64; ///< paragraphs that are laid out as soon as they change
+constexpr int smallChange = 64;      ///< paragraphs that are laid out as soon as they change
 
 QTextOption pageTextOption()
 {
@@ -89,10 +89,7 @@ QList<QTextLayout::FormatRange> rangesInBlock(const QTextBlock &block,
 
 } // namespace
 
-PLPageLayout::PLPageLayout(QTextDocument *document)
-    : QAbstractTextDocumentLayout(document)
-{
-}
+PLPageLayout::PLPageLayout(QTextDocument *document) : QAbstractTextDocumentLayout(document) {}
 
 int PLPageLayout::horizontalInsetForWidth(int width)
 {
@@ -138,7 +135,8 @@ int PLPageLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) co
     const double x = point.x() - m_inset;
     if (accuracy == Qt::ExactHit && (x < 0 || x > line.naturalTextWidth()))
         return -1;
-    const auto rounding = accuracy == Qt::ExactHit ? QTextLine::CursorOnCharacter : QTextLine::CursorBetweenCharacters;
+    const auto rounding =
+        accuracy == Qt::ExactHit ? QTextLine::CursorOnCharacter : QTextLine::CursorBetweenCharacters;
     return block.position() + line.xToCursor(x, rounding);
 }
 
@@ -180,8 +178,8 @@ void PLPageLayout::changeWhole()
     const int width = int(document()->pageSize().width());
     const int inset = horizontalInsetForWidth(width);
     const int columnWidth = qMax(1, width - 2 * inset);
-    const bool breaksElsewhere = columnWidth != m_columnWidth || document()->defaultFont() != m_font
-                                 || m_heights.size() != size_t(document()->blockCount());
+    const bool breaksElsewhere = columnWidth != m_columnWidth || document()->defaultFont() != m_font ||
+                                 m_heights.size() != size_t(document()->blockCount());
     m_width = width;
     m_inset = inset;
     m_columnWidth = columnWidth;
@@ -246,14 +244,16 @@ void PLPageLayout::ensureLaidOut(const QTextBlock &block) const
     m_isLaidOut[number] = true;
 }
 
-/// Whoever asks for the place of a paragraph means to scroll to it: what is shown above it must not move it then.
+/// Whoever asks for the place of a paragraph means to scroll to it: what is shown above it must not move it
+/// then.
 void PLPageLayout::ensureLaidOutWithBlocksAbove(const QTextBlock &block) const
 {
     ensureLaidOut(block);
     if (size_t(block.blockNumber()) < m_firstEstimated)
         return;
     double height = 0;
-    for (QTextBlock above = block.previous(); above.isValid() && height < tallestView; above = above.previous()) {
+    for (QTextBlock above = block.previous(); above.isValid() && height < tallestView;
+         above = above.previous()) {
         ensureLaidOut(above);
         height += m_heights.height(size_t(above.blockNumber()));
     }

@@ -11,8 +11,9 @@
 #include <vector>
 
 /// Lays out a page: paragraphs of wrapped lines, 1.3 times the font's line height, in a column of at most 720
-/// points in the middle of the width. Only what is looked at is laid out, so that a whole novel in one page opens
-/// at once and takes a key as fast as a chapter; until then a paragraph counts with an estimated height.
+/// points in the middle of the width. Only what is looked at is laid out, so that a whole novel in one page
+/// opens at once and takes a key as fast as a chapter; until then a paragraph counts with an estimated
+/// height.
 class PLPageLayout final : public QAbstractTextDocumentLayout
 {
     Q_OBJECT

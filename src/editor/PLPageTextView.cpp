@@ -24,9 +24,7 @@ constexpr int layoutSlice = 3; // milliseconds
 } // namespace
 
 PLPageTextView::PLPageTextView(QWidget *parent)
-    : QTextEdit(parent)
-    , m_characters(std::make_unique<PLPageCharacters>())
-    , m_layoutTimer(this)
+    : QTextEdit(parent), m_characters(std::make_unique<PLPageCharacters>()), m_layoutTimer(this)
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
@@ -46,6 +44,7 @@ PLPageTextView::~PLPageTextView() = default;
 void PLPageTextView::setPageText(const QString &text)
 {
     m_loading = true;
+    m_selectionToRestore.reset();
     m_characters = std::make_unique<PLPageCharacters>();
     QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
     loaded->setParent(this);
@@ -112,7 +111,28 @@ void PLPageTextView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
+    if (!isReadOnly() && event == QKeySequence::Undo)
+        return undo();
+    if (!isReadOnly() && event == QKeySequence::Redo)
+        return redo();
+    const QString text = event->text();
+    if (!text.isEmpty() && text.front().isPrint() && m_typingSteps.beginsWith(text.front()))
+        beginUndoStep();
+    if (!isReadOnly() && m_characters->encoded(text) != text)
+        return insertPageText(text);
     QTextEdit::keyPressEvent(event);
+}
+
+void PLPageTextView::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString text = event->commitString();
+    if (!text.isEmpty() && m_typingSteps.beginsWith(text.front()))
+        beginUndoStep();
+    QInputMethodEvent encoded(event->preeditString(), event->attributes());
+    encoded.setCommitString(m_characters->encoded(text), event->replacementStart(),
+                            event->replacementLength());
+    QTextEdit::inputMethodEvent(&encoded);
+    event->setAccepted(encoded.isAccepted());
 }
 
 void PLPageTextView::paintEvent(QPaintEvent *event)
@@ -129,10 +149,8 @@ void PLPageTextView::resizeEvent(QResizeEvent *event)
 
 QMimeData *PLPageTextView::createMimeDataFromSelection() const
 {
-    QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, u'\n');
     auto *mimeData = new QMimeData;
-    mimeData->setText(m_characters->decoded(text));
+    mimeData->setText(pageTextOf(textCursor()));
     return mimeData;
 }
 
@@ -145,7 +163,8 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text = isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text =
+        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 
@@ -185,11 +204,23 @@ PLPageLayout *PLPageTextView::pageLayout() const
     return static_cast<PLPageLayout *>(document()->documentLayout());
 }
 
-/// As one undo step.
 void PLPageTextView::insertPageText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(m_characters->encoded(text));
+    replaceSelection(cursor, text);
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+/// As one undo step, without the look of the text around it.
+void PLPageTextView::replaceSelection(QTextCursor &cursor, const QString &text)
+{
+    cursor.insertText(m_characters->encoded(text), QTextCharFormat());
+}
+
+QString PLPageTextView::pageTextOf(const QTextCursor &selection) const
+{
+    QString text = selection.selectedText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    return m_characters->decoded(text);
 }

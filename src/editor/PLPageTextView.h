@@ -4,6 +4,8 @@
 #pragma once
 
 #include "editor/PLPageCharacters.h"
+#include "editor/PLTextEdit.h"
+#include "editor/PLTypingSteps.h"
 #include "platform/PLCommand.h"
 
 #include <QTextEdit>
@@ -11,10 +13,17 @@
 
 #include <memory>
 
-/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane, with a
-/// thin margin rule on its left. It gives back every character of the text it was given.
 class PLPageLayout;
 
+/// The two ends of a selection as the writer made it, which may be from right to left.
+struct PLSelectionEnds
+{
+    int anchor = 0;
+    int position = 0;
+};
+
+/// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane,
+/// with a thin margin rule on its left. It gives back every character of the text it was given.
 class PLPageTextView final : public QTextEdit, public PLCommandHandler
 {
     Q_OBJECT
@@ -27,6 +36,22 @@ public:
     void setPageText(const QString &text);
     QString pageText() const;
 
+    PLTextRange selectedRange() const;
+
+    /// Puts the string in place of the range and selects `selecting` after it, as one undo step that brings
+    /// back both the text and the selection. Does nothing if the page cannot be edited; a string that is
+    /// there already is no change.
+    void replaceRange(PLTextRange range, const QString &string, PLTextRange selecting);
+    /// For the undo history: what to select when the step that is being undone or redone is over.
+    void restoreAfterStep(PLSelectionEnds ends);
+
+    /// For the undo history: a mark between two steps of typing was passed.
+    void passStepMark() { m_passedStepMark = true; }
+
+    /// These stand before the toolkit's own, which leave a caret where a step had a selection.
+    void undo();
+    void redo();
+
     /// Where the margin rule stands for such an inset, nothing if there is no room for it.
     static std::optional<int> marginRuleForInset(int inset);
 
@@ -38,6 +63,7 @@ Q_SIGNALS:
     void textDidChange();
 
 protected:
+    void inputMethodEvent(QInputMethodEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
@@ -51,9 +77,18 @@ private:
     void layOutMore();
     PLPageLayout *pageLayout() const;
     void insertPageText(const QString &text);
+    void replaceSelection(QTextCursor &cursor, const QString &text);
+    QString pageTextOf(const QTextCursor &selection) const;
+    PLSelectionEnds selectionEnds() const;
+    void select(PLSelectionEnds ends);
+    void restoreSelection();
+    void beginUndoStep();
 
     std::unique_ptr<PLPageCharacters> m_characters;
     QTextDocument *m_loadedDocument = nullptr;
     QTimer m_layoutTimer; ///< runs while paragraphs are still to be laid out
+    std::optional<PLSelectionEnds> m_selectionToRestore;
+    PLTypingSteps m_typingSteps;
+    bool m_passedStepMark = false; ///< undo or redo has met nothing but the mark between two steps
     bool m_loading = false;
 };

@@ -10,8 +10,8 @@
 
 class QWidget;
 
-/// The pane that shows a page as HTML. What draws it is a plugin, loaded when a preview is first shown: the HTML
-/// engine would cost every start its time and its memory.
+/// The pane that shows a page as HTML. What draws it is a plugin, loaded when a preview is first shown: the
+/// HTML engine would cost every start its time and its memory.
 class PLPreviewView : public QObject
 {
     Q_OBJECT
@@ -24,8 +24,8 @@ public:
 
     /// Loads a whole document; local pictures are relative to `baseURL`, a folder. didFinishLoad follows.
     virtual void loadDocument(const QString &html, const QUrl &baseURL) = 0;
-    /// Replaces the inner HTML of the element "contenu" and keeps the scroll position; `contentMissing` follows if
-    /// there is no such element. Only after didFinishLoad.
+    /// Replaces the inner HTML of the element "contenu" and keeps the scroll position; `contentMissing`
+    /// follows if there is no such element. Only after didFinishLoad.
     virtual void replaceContent(const QString &fragment) = 0;
     /// Scrolls to a part of the scrollable height, from 0 at the top to 1 at the bottom.
     virtual void scrollToRatio(double ratio) = 0;

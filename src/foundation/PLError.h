@@ -18,7 +18,7 @@ extern const QString PLApplicationErrorDomain;
 extern const QString PLFileErrorDomain;
 
 /// Codes in PLApplicationErrorDomain.
-constexpr int PLErrorRefused = 1;     ///< a file where a folder is wanted, a page that cannot go to the trash
+constexpr int PLErrorRefused = 1; ///< a file where a folder is wanted, a page that cannot go to the trash
 constexpr int PLErrorNotANotebook = 2; ///< the folder has no `projet.md`
 
 /// Fills the optional out argument and answers false, so that a failing function ends in one statement.

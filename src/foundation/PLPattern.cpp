@@ -20,10 +20,7 @@ QString group(URegularExpression *expression, const QString &text, int index)
 
 } // namespace
 
-PLPattern::PLPattern(URegularExpression *expression)
-    : m_expression(expression)
-{
-}
+PLPattern::PLPattern(URegularExpression *expression) : m_expression(expression) {}
 
 std::optional<PLPattern> PLPattern::compiled(const QString &pattern)
 {
@@ -56,8 +53,8 @@ QString PLPattern::replaced(const QString &text, const QString &replacement) con
     const auto replaceInto = [&](UChar *destination, int capacity) {
         status = U_ZERO_ERROR;
         uregex_reset(expression, 0, &status);
-        return uregex_replaceAll(expression, units(replacement), int(replacement.size()), destination, capacity,
-                                 &status);
+        return uregex_replaceAll(expression, units(replacement), int(replacement.size()), destination,
+                                 capacity, &status);
     };
     QString result(text.size() + text.size() / 4 + 16, Qt::Uninitialized);
     int length = replaceInto(reinterpret_cast<UChar *>(result.data()), int(result.size()));

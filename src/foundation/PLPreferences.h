@@ -15,6 +15,7 @@ public:
     /// The store; opened at first use. It is written by Qt at the next turn of the event loop and at exit.
     static QSettings &store();
 
-    /// Makes the store the file at this path, from now on; tests call it so that they never meet a writer's own.
+    /// Makes the store the file at this path, from now on; tests call it so that they never meet a writer's
+    /// own.
     static void useFile(const QString &path);
 };

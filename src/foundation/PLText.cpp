@@ -83,8 +83,7 @@ QString PLFormat(const QString &format, std::initializer_list<QString> values)
     return result;
 }
 
-PLTitleComparer::PLTitleComparer(const QString &localeIdentifier)
-    : m_collator(QLocale(localeIdentifier))
+PLTitleComparer::PLTitleComparer(const QString &localeIdentifier) : m_collator(QLocale(localeIdentifier))
 {
     m_collator.setNumericMode(true);
     m_collator.setCaseSensitivity(Qt::CaseInsensitive);

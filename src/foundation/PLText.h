@@ -22,7 +22,8 @@ bool PLIsNewline(QChar character);
 /// The text cut at every line-ending character (so "\r\n" leaves an empty piece), in order.
 QStringList PLSplitAtNewlines(const QString &text);
 
-/// Replaces the placeholders "%@", "%ld" and "%lu" by the given texts, in order. "%%" and anything else stays.
+/// Replaces the placeholders "%@", "%ld" and "%lu" by the given texts, in order. "%%" and anything else
+/// stays.
 QString PLFormat(const QString &format, std::initializer_list<QString> values);
 
 /// Orders titles as a file manager does: by the collation of `localeIdentifier` ("fr_FR"), ignoring case,

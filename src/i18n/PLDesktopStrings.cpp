@@ -36,9 +36,17 @@ constexpr PLStringPair pairs[] = {
     // Start
     {u"Aquilane est déjà ouvert, mais ne répond pas.", u"Aquilane is already open, but doesn't answer."},
     {u"Attendez un instant, ou quittez l'autre Aquilane, puis réessayez.", u"Wait a moment, or quit the other Aquilane, then try again."},
+    // The preview
+    {u"L'aperçu n'est pas installé (paquet aquilane-preview).", u"The preview isn't installed (package aquilane-preview)."},
+    {u"L'aperçu n'est pas affiché : Aquilane a été ouvert par l'administrateur du système.", u"The preview isn't shown: Aquilane was opened by the system's administrator."},
+    {u"L'aperçu n'est pas affiché : le système ne permet pas de l'isoler.", u"The preview isn't shown: the system doesn't allow it to be isolated."},
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // Tag field, for a screen reader
+    {u"Tags proposés", u"Suggested tags"},
+    {u"Supprimer le tag", u"Delete Tag"},
+    {u"Modifier le tag", u"Edit Tag"},
 };
 // clang-format on
 

@@ -20,7 +20,8 @@ QString &cachedLanguage()
 
 bool isLanguage(const QString &userLanguage, const QString &code)
 {
-    return userLanguage == code || userLanguage.startsWith(code + u'-') || userLanguage.startsWith(code + u'_');
+    return userLanguage == code || userLanguage.startsWith(code + u'-') ||
+           userLanguage.startsWith(code + u'_');
 }
 
 } // namespace

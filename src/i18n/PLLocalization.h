@@ -35,7 +35,8 @@ public:
     /// Whether a text about `count` things is in the plural: not 1 in English, above 1 in French.
     static bool isPlural(qint64 count);
 
-    /// The English text of a French one under "en"; the text itself for another language or if not in the table.
+    /// The English text of a French one under "en"; the text itself for another language or if not in the
+    /// table.
     static QString string(const QString &french, const QString &language);
 
     /// Tests only: makes the next `currentLanguage` look at the preferences again.

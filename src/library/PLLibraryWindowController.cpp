@@ -44,8 +44,7 @@ QListWidgetItem *itemForBook(const PLShelfBook &book)
 } // namespace
 
 PLLibraryWindowController::PLLibraryWindowController(PLLibraryDelegate &delegate)
-    : m_delegate(delegate)
-    , m_window(std::make_unique<PLWindow>(this))
+    : m_delegate(delegate), m_window(std::make_unique<PLWindow>(this))
 {
     m_window->setController(this);
     m_window->setWindowTitle(PLLocalizedString(u"Bibliothèque"_s));
@@ -182,7 +181,8 @@ void PLLibraryWindowController::buildList()
     m_listView->setPalette(colors);
     connect(m_listView, &QListWidget::itemActivated, this, &PLLibraryWindowController::openSelected);
     connect(m_listView, &QListWidget::currentRowChanged, this, &PLLibraryWindowController::updateButtons);
-    connect(m_listView, &QWidget::customContextMenuRequested, this, &PLLibraryWindowController::showContextMenu);
+    connect(m_listView, &QWidget::customContextMenuRequested, this,
+            &PLLibraryWindowController::showContextMenu);
 }
 
 QWidget *PLLibraryWindowController::buildButtons()
@@ -190,8 +190,10 @@ QWidget *PLLibraryWindowController::buildButtons()
     auto *bar = new QWidget;
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(16, 10, 16, 10);
-    layout->addWidget(buttonWithTitle(PLLocalizedString(u"Nouveau carnet…"_s), &PLLibraryWindowController::newProject));
-    layout->addWidget(buttonWithTitle(PLLocalizedString(u"Ouvrir un autre…"_s), &PLLibraryWindowController::openOther));
+    layout->addWidget(
+        buttonWithTitle(PLLocalizedString(u"Nouveau carnet…"_s), &PLLibraryWindowController::newProject));
+    layout->addWidget(
+        buttonWithTitle(PLLocalizedString(u"Ouvrir un autre…"_s), &PLLibraryWindowController::openOther));
     layout->addStretch();
     m_openButton = buttonWithTitle(PLLocalizedString(u"Ouvrir"_s), &PLLibraryWindowController::openSelected);
     layout->addWidget(m_openButton);

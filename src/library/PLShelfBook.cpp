@@ -3,8 +3,8 @@
 
 #include "library/PLShelfBook.h"
 
-#include "storage/PLProject.h"
 #include "storage/PLFiles.h"
+#include "storage/PLProject.h"
 #include "storage/PLRecentProjects.h"
 
 #include <QFileInfo>

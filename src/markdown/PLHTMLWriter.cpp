@@ -125,6 +125,19 @@ void PLHTMLWriter::grow(qsizetype more)
     m_capacity = m_text.size();
 }
 
+/// One long copy goes past the caches (glibc's memcpy above a megabyte or so), where the next rule has to
+/// fetch it from again.
+void PLHTMLWriter::copyInPieces(QStringView text)
+{
+    char16_t *target = m_units + m_size;
+    while (!text.isEmpty()) {
+        const qsizetype length = qMin(text.size(), longestCopy);
+        std::memcpy(target, text.utf16(), size_t(length) * sizeof(char16_t));
+        target += length;
+        text = text.sliced(length);
+    }
+}
+
 void PLHTMLWriter::appendEscaped(QStringView text)
 {
     unsigned marks = 0;

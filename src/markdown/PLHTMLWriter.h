@@ -25,7 +25,9 @@ public:
     void append(QStringView text)
     {
         makeRoom(text.size());
-        if (!text.isEmpty())
+        if (text.size() > longestCopy)
+            copyInPieces(text);
+        else if (!text.isEmpty())
             std::memcpy(m_units + m_size, text.utf16(), size_t(text.size()) * sizeof(char16_t));
         m_size += text.size();
     }
@@ -53,6 +55,9 @@ public:
     QString take();
 
 private:
+    static constexpr qsizetype longestCopy = 1 << 16;
+
+    void copyInPieces(QStringView text);
     void makeRoom(qsizetype more)
     {
         if (m_capacity - m_size < more)

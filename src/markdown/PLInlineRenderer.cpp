@@ -142,7 +142,7 @@ void PLInlineRenderer::applyRules(qsizetype start, unsigned marks)
 }
 
 /// Replaces each match in what was written from `start` on; nothing is copied where nothing matches, nor
-/// before the first match.
+/// before the first match, unless that is the shorter part: then the two writers change places instead.
 template <typename Scanner, typename WriteMatch>
 void PLInlineRenderer::replaceMatches(qsizetype start, Scanner scanner, WriteMatch writeMatch)
 {
@@ -150,15 +150,22 @@ void PLInlineRenderer::replaceMatches(qsizetype start, Scanner scanner, WriteMat
     if (!scanner.findNext(0, &match))
         return;
     const QStringView text = m_html->viewFrom(start);
-    const qsizetype firstMatch = match.start;
-    qsizetype copied = firstMatch;
+    const qsizetype kept = start + match.start;
+    const bool changesPlaces = kept < m_html->size() - kept;
     m_scratch.truncate(0);
+    if (changesPlaces)
+        m_scratch.append(m_html->viewFrom(0).first(kept));
+    qsizetype copied = match.start;
     do {
         m_scratch.append(text.sliced(copied, match.start - copied));
         writeMatch(m_scratch, text, match);
         copied = match.end;
     } while (scanner.findNext(match.end, &match));
     m_scratch.append(text.sliced(copied));
-    m_html->truncate(start + firstMatch);
-    m_html->append(m_scratch.viewFrom(0));
+    if (changesPlaces) {
+        std::swap(*m_html, m_scratch);
+    } else {
+        m_html->truncate(kept);
+        m_html->append(m_scratch.viewFrom(0));
+    }
 }

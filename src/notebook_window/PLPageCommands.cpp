@@ -18,11 +18,7 @@
 
 using namespace Qt::StringLiterals;
 
-PLPageCommands::PLPageCommands(const Parts &parts, QObject *parent)
-    : QObject(parent)
-    , m_parts(parts)
-{
-}
+PLPageCommands::PLPageCommands(const Parts &parts, QObject *parent) : QObject(parent), m_parts(parts) {}
 
 void PLPageCommands::createItemInSection(PLSection section)
 {
@@ -96,7 +92,8 @@ void PLPageCommands::endTitleEditing(const PLProjectItemPointer &item, const QSt
         m_parts.session.setCurrentItem(item);
     Q_EMIT currentItemRenamed();
     // Not now: the row's field is still closing.
-    QMetaObject::invokeMethod(this, [this, item] { finishRename(item); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, item] { finishRename(item); }, Qt::QueuedConnection);
 }
 
 void PLPageCommands::focusTextIfEditing(const PLProjectItemPointer &item) const
@@ -111,8 +108,10 @@ void PLPageCommands::showContextMenu(const PLSidebarNode *node, const QPoint &gl
     const PLProjectItemPointer item = targetItemForNode(node);
     const QUrl location = locationOfNode(node);
     QMenu menu(&m_parts.window);
-    menu.addAction(PLLocalizedString(u"Renommer"_s), this, [this, item] { renameItem(item); })->setEnabled(item != nullptr);
-    menu.addAction(PLLocalizedString(u"Afficher dans le Finder"_s), this, [location] { PLRevealInFileManager(location); });
+    menu.addAction(PLLocalizedString(u"Renommer"_s), this, [this, item] { renameItem(item); })
+        ->setEnabled(item != nullptr);
+    menu.addAction(PLLocalizedString(u"Afficher dans le Finder"_s), this,
+                   [location] { PLRevealInFileManager(location); });
     menu.addSeparator();
     menu.addAction(PLLocalizedString(u"Mettre à la corbeille"_s), this, [this, item] { trashItem(item); })
         ->setEnabled(item != nullptr);

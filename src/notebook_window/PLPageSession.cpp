@@ -24,9 +24,7 @@ constexpr QChar byteOrderMark(0xFEFF);
 } // namespace
 
 PLPageSession::PLPageSession(PLEditorView &editor, QObject *parent)
-    : QObject(parent)
-    , m_editor(editor)
-    , m_saveTimer(this)
+    : QObject(parent), m_editor(editor), m_saveTimer(this)
 {
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(autosaveDelay);
@@ -49,7 +47,8 @@ bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
     m_currentFields = PLFrontMatter::fieldsFromString(contents, &body, &m_currentKeys);
     m_saveTimer.stop();
     m_currentItem = item;
-    m_editor.setText(body, QUrl::fromLocalFile(QFileInfo(item->fileURL().toLocalFile()).absolutePath() + u'/'));
+    m_editor.setText(body,
+                     QUrl::fromLocalFile(QFileInfo(item->fileURL().toLocalFile()).absolutePath() + u'/'));
     m_editor.setTags(PLProjectItem::tagsFromString(m_currentFields.value(u"tags"_s)));
     setDirty(false);
     return true;
@@ -80,7 +79,8 @@ bool PLPageSession::saveCurrentItem(SaveFailure failure)
     m_saveTimer.stop();
     if (!m_currentItem || !m_dirty)
         return true;
-    // A save that is under way here waits in its alert. A quiet one is the last before the end: it tries again.
+    // A save that is under way here waits in its alert. A quiet one is the last before the end: it tries
+    // again.
     if (m_saving && failure == SaveFailure::Tell)
         return false;
     m_saving = true;
@@ -137,8 +137,11 @@ void PLPageSession::setDirty(bool dirty)
 void PLPageSession::tellSaveFailure(const PLError &error) const
 {
     PLAlert alert;
-    alert.message = PLFormat(PLLocalizedString(u"Impossible d'enregistrer « %@ »"_s), {m_currentItem->title()});
-    alert.informativeText = PLFormat(PLLocalizedString(u"%@\n\nSi le carnet est sur une clé USB, vérifiez qu'elle est bien branchée. Votre texte reste affiché tant que la fenêtre est ouverte."_s),
-                                     {error.message});
+    alert.message =
+        PLFormat(PLLocalizedString(u"Impossible d'enregistrer « %@ »"_s), {m_currentItem->title()});
+    alert.informativeText = PLFormat(
+        PLLocalizedString(
+            u"%@\n\nSi le carnet est sur une clé USB, vérifiez qu'elle est bien branchée. Votre texte reste affiché tant que la fenêtre est ouverte."_s),
+        {error.message});
     alert.runModal();
 }

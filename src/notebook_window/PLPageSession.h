@@ -12,8 +12,8 @@
 
 class PLEditorView;
 
-/// The page that is open in a notebook window: loaded into the editor, changed, and written back two seconds after
-/// the last change, its header as it was but for the tags. The disk is written here and nowhere else.
+/// The page that is open in a notebook window: loaded into the editor, changed, and written back two seconds
+/// after the last change, its header as it was but for the tags. The disk is written here and nowhere else.
 class PLPageSession final : public QObject
 {
     Q_OBJECT

@@ -8,8 +8,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-PLPaperView::PLPaperView(QWidget *parent)
-    : QWidget(parent)
+PLPaperView::PLPaperView(QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }

@@ -4,6 +4,7 @@
 #include "notebook_window/PLProjectWindowController.h"
 
 #include "editor/PLEditorView.h"
+#include "editor/PLTagField.h"
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
 #include "notebook_window/PLMakeLabel.h"
@@ -13,6 +14,7 @@
 #include "notebook_window/PLPlaceholderText.h"
 #include "notebook_window/PLSidebarController.h"
 #include "notebook_window/PLSidebarView.h"
+#include "notebook_window/PLTagCompletion.h"
 #include "platform/PLAlert.h"
 #include "storage/PLProject.h"
 #include "theme/PLTheme.h"
@@ -68,6 +70,7 @@ PLProjectWindowController::~PLProjectWindowController()
 {
     m_window->forgetDelegate();
     // The views go with the window; nothing of theirs may call back into what is being taken down.
+    m_editorView->tagField()->setDelegate(nullptr);
     m_pageCommands.reset();
     m_session.reset();
     m_sidebar.reset();
@@ -213,6 +216,7 @@ void PLProjectWindowController::connectParts()
     connect(m_pageCommands.get(), &PLPageCommands::currentItemRenamed, this,
             &PLProjectWindowController::updateWindowTitle);
     connectSidebar();
+    connectTagField();
 }
 
 void PLProjectWindowController::connectSidebar()
@@ -239,6 +243,17 @@ void PLProjectWindowController::connectSidebar()
                 const PLSidebarNode *clicked = sidebar->nodeForIndex(index);
                 commands->showContextMenu(clicked ? clicked : sidebar->selectedNode(), position);
             });
+}
+
+void PLProjectWindowController::connectTagField()
+{
+    PLTagField *field = m_editorView->tagField();
+    m_tagCompletion = std::make_unique<PLTagCompletion>([this] { return m_sidebar->allTags(); });
+    field->setDelegate(m_tagCompletion.get());
+    connect(field, &PLTagField::textDidChange, m_session.get(), &PLPageSession::contentDidChange);
+    connect(m_tagCompletion.get(), &PLTagCompletion::tagsAdded, m_session.get(),
+            &PLPageSession::contentDidChange);
+    connect(field, &PLTagField::didEndEditing, this, &PLProjectWindowController::tagsDidChange);
 }
 
 void PLProjectWindowController::selectionChanged()
@@ -283,4 +298,12 @@ void PLProjectWindowController::updateWindowTitle()
         item ? PLFormat(u"%@ — %@"_s, {m_project->title(), item->title()}) : m_project->title();
     // Qt puts its mark of an edited window where "[*]" stands; one of the writer's own is doubled.
     m_window->setWindowTitle(QString(title).replace(u"[*]"_s, u"[*][*]"_s) + u"[*]"_s);
+}
+
+/// The sidebar shows the page's new tags, but only when the event loop has turned: the field is still
+/// closing.
+void PLProjectWindowController::tagsDidChange()
+{
+    if (m_session->saveChangedTags())
+        QMetaObject::invokeMethod(this, &PLProjectWindowController::refreshSidebar, Qt::QueuedConnection);
 }

@@ -18,11 +18,12 @@ class PLPaperView;
 class PLProject;
 class PLSidebarController;
 class PLSidebarNode;
+class PLTagCompletion;
 class QLabel;
 class QSplitter;
 
-/// The window of one notebook: a frame that holds the sidebar and the page, and hands each command on to the small
-/// object that does it.
+/// The window of one notebook: a frame that holds the sidebar and the page, and hands each command on to the
+/// small object that does it.
 class PLProjectWindowController final : public QObject, public PLWindowDelegate, public PLCommandHandler
 {
     Q_OBJECT
@@ -69,17 +70,20 @@ private:
     QWidget *buildEditor();
     void connectParts();
     void connectSidebar();
+    void connectTagField();
 
     void selectionChanged();
     void openSelectedItem(const PLProjectItemPointer &item);
     void showPlaceholder(bool visible);
     void updateWindowTitle();
+    void tagsDidChange();
 
     std::unique_ptr<PLProject> m_project;
     std::unique_ptr<PLWindow> m_window;
     std::unique_ptr<PLSidebarController> m_sidebar;
     std::unique_ptr<PLPageSession> m_session;
     std::unique_ptr<PLPageCommands> m_pageCommands;
+    std::unique_ptr<PLTagCompletion> m_tagCompletion;
     QSplitter *m_splitView = nullptr;
     PLPaperView *m_paperView = nullptr;
     PLEditorView *m_editorView = nullptr;

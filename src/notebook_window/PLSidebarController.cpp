@@ -36,20 +36,25 @@ PLSidebarController::PLSidebarController(const PLProject &project, QObject *pare
 {
     m_view->setModel(&m_model);
     m_view->setItemDelegate(m_rowDelegate);
-    connect(m_view, &QTreeView::expanded, this, [this](const QModelIndex &index) { rememberExpansion(index, true); });
-    connect(m_view, &QTreeView::collapsed, this, [this](const QModelIndex &index) { rememberExpansion(index, false); });
+    connect(m_view, &QTreeView::expanded, this,
+            [this](const QModelIndex &index) { rememberExpansion(index, true); });
+    connect(m_view, &QTreeView::collapsed, this,
+            [this](const QModelIndex &index) { rememberExpansion(index, false); });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_reloading)
             Q_EMIT selectionChanged();
     });
-    connect(m_rowDelegate, &PLSidebarRowDelegate::editingBegan, this, &PLSidebarController::titleEditingBegan);
-    connect(m_rowDelegate, &PLSidebarRowDelegate::editingEnded, this, &PLSidebarController::titleEditingEnded);
-    connect(m_rowDelegate, &PLSidebarRowDelegate::titleTyped, this, [this](const QModelIndex &, const QString &title) {
-        const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
-        m_editingTitle = false;
-        if (item)
-            Q_EMIT titleTyped(item, title);
-    });
+    connect(m_rowDelegate, &PLSidebarRowDelegate::editingBegan, this,
+            &PLSidebarController::titleEditingBegan);
+    connect(m_rowDelegate, &PLSidebarRowDelegate::editingEnded, this,
+            &PLSidebarController::titleEditingEnded);
+    connect(m_rowDelegate, &PLSidebarRowDelegate::titleTyped, this,
+            [this](const QModelIndex &, const QString &title) {
+                const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
+                m_editingTitle = false;
+                if (item)
+                    Q_EMIT titleTyped(item, title);
+            });
 }
 
 PLSidebarController::~PLSidebarController()
@@ -175,12 +180,14 @@ bool PLSidebarController::isInSight(const QModelIndex &index) const
 }
 
 /// The row of the new tree that means what this one of the old tree means, null if there is none.
-const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node, const PLSidebarTree &newTree) const
+const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node,
+                                                       const PLSidebarTree &newTree) const
 {
     switch (node.kind()) {
     case Kind::Reference: {
         const auto &reference = static_cast<const PLTagReference &>(node);
-        if (const PLSidebarNode *same = referenceUnderTag(newTree.sidebarTagNamed(reference.parentTagName), reference))
+        if (const PLSidebarNode *same =
+                referenceUnderTag(newTree.sidebarTagNamed(reference.parentTagName), reference))
             return same;
         return newTree.sectionItemForURL(reference.referencedItem->fileURL());
     }

@@ -11,8 +11,8 @@ class PLProject;
 class PLSidebarRowDelegate;
 class PLSidebarView;
 
-/// Keeps the sidebar in step with the disk: rebuilds it, remembers which tags are open, and puts the selection
-/// back on the row that means the same.
+/// Keeps the sidebar in step with the disk: rebuilds it, remembers which tags are open, and puts the
+/// selection back on the row that means the same.
 class PLSidebarController final : public QObject
 {
     Q_OBJECT
@@ -68,7 +68,7 @@ private:
     PLSidebarModel m_model;
     PLSidebarView *m_view;
     PLSidebarRowDelegate *m_rowDelegate;
-    QSet<QString> m_expandedTags; ///< in lower case
+    QSet<QString> m_expandedTags;     ///< in lower case
     PLProjectItemPointer m_titleItem; ///< whose title is being typed
     bool m_reloading = false;
     bool m_editingTitle = false;

@@ -15,7 +15,8 @@ QString sectionTitle(const PLSidebarSection &section)
 {
     if (section.isTagSection)
         return PLLocalizedString(u"TAGS"_s);
-    return QLocale(PLLocalization::localeIdentifier()).toUpper(PLProject::displayNameForSection(section.section));
+    return QLocale(PLLocalization::localeIdentifier())
+        .toUpper(PLProject::displayNameForSection(section.section));
 }
 
 QString sectionText(const PLSidebarSection &section)
@@ -29,8 +30,7 @@ QString sectionText(const PLSidebarSection &section)
 } // namespace
 
 PLSidebarModel::PLSidebarModel(QObject *parent)
-    : QAbstractItemModel(parent)
-    , m_tree(std::make_unique<PLSidebarTree>())
+    : QAbstractItemModel(parent), m_tree(std::make_unique<PLSidebarTree>())
 {
 }
 

@@ -49,10 +49,7 @@ public:
     }
 
 protected:
-    explicit PLSidebarNode(Kind kind)
-        : m_kind(kind)
-    {
-    }
+    explicit PLSidebarNode(Kind kind) : m_kind(kind) {}
 
 private:
     void adopt(std::unique_ptr<PLSidebarNode> child, int row)
@@ -72,11 +69,7 @@ private:
 class PLSidebarSection final : public PLSidebarNode
 {
 public:
-    explicit PLSidebarSection(PLSection number)
-        : PLSidebarNode(Kind::Section)
-        , section(number)
-    {
-    }
+    explicit PLSidebarSection(PLSection number) : PLSidebarNode(Kind::Section), section(number) {}
 
     PLSection section;
     bool isTagSection = false;
@@ -86,11 +79,7 @@ public:
 class PLSidebarPage final : public PLSidebarNode
 {
 public:
-    explicit PLSidebarPage(PLProjectItemPointer page)
-        : PLSidebarNode(Kind::Page)
-        , item(std::move(page))
-    {
-    }
+    explicit PLSidebarPage(PLProjectItemPointer page) : PLSidebarNode(Kind::Page), item(std::move(page)) {}
 
     PLProjectItemPointer item;
 };
@@ -99,11 +88,7 @@ public:
 class PLSidebarTag final : public PLSidebarNode
 {
 public:
-    explicit PLSidebarTag(const QString &tag)
-        : PLSidebarNode(Kind::Tag)
-        , name(tag)
-    {
-    }
+    explicit PLSidebarTag(const QString &tag) : PLSidebarNode(Kind::Tag), name(tag) {}
 
     QString name;
 };
@@ -113,9 +98,7 @@ class PLTagReference final : public PLSidebarNode
 {
 public:
     PLTagReference(const QString &tagName, PLProjectItemPointer page)
-        : PLSidebarNode(Kind::Reference)
-        , parentTagName(tagName)
-        , referencedItem(std::move(page))
+        : PLSidebarNode(Kind::Reference), parentTagName(tagName), referencedItem(std::move(page))
     {
     }
 

@@ -78,21 +78,19 @@ void drawAddButton(QPainter &painter, const QRect &button)
 void drawSelection(QPainter &painter, const QStyleOptionViewItem &option)
 {
     const bool isActive = option.state.testFlag(QStyle::State_Active);
-    painter.fillRect(option.rect,
-                     option.palette.brush(isActive ? QPalette::Active : QPalette::Inactive, QPalette::Highlight));
+    painter.fillRect(option.rect, option.palette.brush(isActive ? QPalette::Active : QPalette::Inactive,
+                                                       QPalette::Highlight));
 }
 
 bool canAdd(const PLSidebarNode &node)
 {
-    return node.kind() == PLSidebarNode::Kind::Section && !static_cast<const PLSidebarSection &>(node).isTagSection;
+    return node.kind() == PLSidebarNode::Kind::Section &&
+           !static_cast<const PLSidebarSection &>(node).isTagSection;
 }
 
 } // namespace
 
-PLSidebarRowDelegate::PLSidebarRowDelegate(QObject *parent)
-    : QStyledItemDelegate(parent)
-{
-}
+PLSidebarRowDelegate::PLSidebarRowDelegate(QObject *parent) : QStyledItemDelegate(parent) {}
 
 QRect PLSidebarRowDelegate::addButtonRect(const QRect &row)
 {
@@ -115,8 +113,10 @@ void PLSidebarRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
         drawAddButton(*painter, addButtonRect(option.rect));
     painter->setFont(look.font);
     painter->setPen(look.textColor);
-    const QString text = painter->fontMetrics().elidedText(PLSidebarText(*node), Qt::ElideRight, look.label.width());
-    painter->drawText(look.label.translated(origin), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    const QString text =
+        painter->fontMetrics().elidedText(PLSidebarText(*node), Qt::ElideRight, look.label.width());
+    painter->drawText(look.label.translated(origin), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      text);
     painter->restore();
 }
 

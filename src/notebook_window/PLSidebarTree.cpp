@@ -12,10 +12,7 @@
 class PLSidebarTree::Root final : public PLSidebarNode
 {
 public:
-    Root()
-        : PLSidebarNode(Kind::Section)
-    {
-    }
+    Root() : PLSidebarNode(Kind::Section) {}
 };
 
 namespace {
@@ -41,13 +38,9 @@ void addReferences(PLSidebarSection &tagSection, QHash<QString, PLSidebarTag *> 
 
 } // namespace
 
-PLSidebarTree::PLSidebarTree()
-    : m_root(std::make_unique<Root>())
-{
-}
+PLSidebarTree::PLSidebarTree() : m_root(std::make_unique<Root>()) {}
 
-PLSidebarTree::PLSidebarTree(const PLProject &project)
-    : PLSidebarTree()
+PLSidebarTree::PLSidebarTree(const PLProject &project) : PLSidebarTree()
 {
     for (const PLSection section : PLAllSections) {
         auto *node = m_root->append(std::make_unique<PLSidebarSection>(section));

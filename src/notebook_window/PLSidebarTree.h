@@ -10,8 +10,8 @@
 
 class PLProject;
 
-/// The sidebar's rows as they are on the disk at one moment: the five sections with their pages, then the tags
-/// gathered from those pages.
+/// The sidebar's rows as they are on the disk at one moment: the five sections with their pages, then the
+/// tags gathered from those pages.
 class PLSidebarTree final
 {
 public:

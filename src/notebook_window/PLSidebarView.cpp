@@ -19,8 +19,7 @@ constexpr int pointsPerLevel = 12;
 
 } // namespace
 
-PLSidebarView::PLSidebarView(QWidget *parent)
-    : QTreeView(parent)
+PLSidebarView::PLSidebarView(QWidget *parent) : QTreeView(parent)
 {
     setHeaderHidden(true);
     setFrameShape(QFrame::NoFrame);

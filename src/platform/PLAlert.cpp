@@ -21,10 +21,12 @@ std::function<int(const PLAlert &)> &currentResponder()
 
 void addButtons(QMessageBox &box, const PLAlert &alert)
 {
-    const QStringList titles = alert.buttons.isEmpty() ? QStringList{PLLocalizedString(u"OK"_s)} : alert.buttons;
+    const QStringList titles =
+        alert.buttons.isEmpty() ? QStringList{PLLocalizedString(u"OK"_s)} : alert.buttons;
     for (qsizetype index = 0; index < titles.size(); ++index) {
         // The roles keep the given order from right to left on every desktop's layout of buttons.
-        auto *button = box.addButton(titles[index], index == 0 ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
+        auto *button =
+            box.addButton(titles[index], index == 0 ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
         if (index == 0)
             box.setDefaultButton(button);
         if (index == alert.escapeButton - PLAlert::FirstButton || titles.size() == 1)

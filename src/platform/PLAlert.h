@@ -29,7 +29,8 @@ public:
     Style style = Style::Warning;
     int escapeButton = SecondButton; ///< what Escape and the close box answer
 
-    /// Shows the alert and waits. With a parent it is a sheet of that window, else it holds the whole program.
+    /// Shows the alert and waits. With a parent it is a sheet of that window, else it holds the whole
+    /// program.
     int runModal(QWidget *parent = nullptr) const;
 
     /// Shows an error to the writer: its message and an "OK".

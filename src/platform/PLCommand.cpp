@@ -20,10 +20,7 @@ PLCommandHandler *&applicationHandler()
 class PLLineEditHandler final : public PLCommandHandler
 {
 public:
-    explicit PLLineEditHandler(QLineEdit *edit)
-        : m_edit(edit)
-    {
-    }
+    explicit PLLineEditHandler(QLineEdit *edit) : m_edit(edit) {}
 
     std::optional<PLCommandState> stateOfCommand(PLCommand command, int) const override
     {

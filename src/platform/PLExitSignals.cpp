@@ -10,6 +10,7 @@
 #include <QSocketNotifier>
 
 #include <csignal>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -43,11 +44,11 @@ void installHandlers()
 } // namespace
 #endif
 
-PLExitSignals::PLExitSignals(QObject *parent)
-    : QObject(parent)
+PLExitSignals::PLExitSignals(QObject *parent) : QObject(parent)
 {
-    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT sessionWillEnd(); },
-            Qt::DirectConnection);
+    connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Q_EMIT sessionWillEnd(); },
+        Qt::DirectConnection);
 #ifdef Q_OS_UNIX
     if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
         return;

@@ -20,9 +20,7 @@ using namespace Qt::StringLiterals;
 
 PLNewFolderPanel::PLNewFolderPanel(const PLPanelTexts &texts, const QString &nameLabel,
                                    const QString &proposedName, QWidget *parent)
-    : QDialog(parent)
-    , m_nameField(new QLineEdit(proposedName))
-    , m_locationLabel(new QLabel)
+    : QDialog(parent), m_nameField(new QLineEdit(proposedName)), m_locationLabel(new QLabel)
 {
     setWindowTitle(texts.title);
     auto *message = new QLabel(texts.message);
@@ -74,7 +72,8 @@ void PLNewFolderPanel::chooseLocation()
 void PLNewFolderPanel::setLocation(const QString &folder)
 {
     m_location = QDir(folder).exists() ? folder : QDir::homePath();
-    m_locationLabel->setText(fontMetrics().elidedText(QDir::toNativeSeparators(m_location), Qt::ElideMiddle, 300));
+    m_locationLabel->setText(
+        fontMetrics().elidedText(QDir::toNativeSeparators(m_location), Qt::ElideMiddle, 300));
     m_locationLabel->setToolTip(m_location);
     updateButtons();
 }

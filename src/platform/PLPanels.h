@@ -19,7 +19,7 @@ struct PLPanelTexts
 /// Asks for a folder or one of its Markdown files; an empty URL when cancelled.
 QUrl PLChooseFolderOrMarkdownFile(const PLPanelTexts &texts, QWidget *parent = nullptr);
 
-/// Asks for the place and the name of a new folder; an empty URL when cancelled. `nameLabel` stands before the
-/// field of the name, which holds `proposedName`.
+/// Asks for the place and the name of a new folder; an empty URL when cancelled. `nameLabel` stands before
+/// the field of the name, which holds `proposedName`.
 QUrl PLChooseNewFolder(const PLPanelTexts &texts, const QString &nameLabel, const QString &proposedName,
                        QWidget *parent = nullptr);

@@ -31,9 +31,9 @@ void PLRevealInFileManager(const QUrl &location)
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return openParentFolder(location);
-    QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s,
-                                                       u"/org/freedesktop/FileManager1"_s,
-                                                       u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+                                       u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     call.setArguments({QStringList{QString::fromLatin1(location.toEncoded())}, QString()});
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call));
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, location] {

@@ -9,8 +9,7 @@
 #include <QScreen>
 #include <QWindow>
 
-PLWindow::PLWindow(PLWindowDelegate *delegate)
-    : m_delegate(delegate)
+PLWindow::PLWindow(PLWindowDelegate *delegate) : m_delegate(delegate)
 {
     setContextMenuPolicy(Qt::NoContextMenu);
 }

@@ -54,7 +54,8 @@ PLFrontMatter::Fields PLFrontMatter::fieldsFromString(const QString &text, QStri
     QStringList order;
     Fields fields;
     QString normalized = text;
-    normalized.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (text.contains(u'\r')) // much quicker to answer than the replacing
+        normalized.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 
     const qsizetype fence = normalized.startsWith(openingFence) ? closingFenceIndex(normalized) : -1;
     if (fence >= 0) {

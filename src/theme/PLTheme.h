@@ -8,8 +8,8 @@
 #include <QColor>
 #include <QFont>
 
-/// The colours and fonts of the notebook window and the editor. Font sizes are in points of the interface, that
-/// is device-independent pixels.
+/// The colours and fonts of the notebook window and the editor. Font sizes are in points of the interface,
+/// that is device-independent pixels.
 class PLTheme final
 {
 public:

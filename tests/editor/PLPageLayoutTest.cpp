@@ -21,8 +21,7 @@ namespace {
 
 struct Page
 {
-    explicit Page(const QString &text, int width = 900)
-        : layout(new PLPageLayout(&document))
+    explicit Page(const QString &text, int width = 900) : layout(new PLPageLayout(&document))
     {
         QFont font;
         font.setPixelSize(16);
@@ -46,7 +45,8 @@ struct Page
 
 QString randomText(QRandomGenerator &random, int length)
 {
-    static const QStringList pieces = {u"un "_s, u"mot "_s, u"\n"_s, u"\n\n"_s, u"écriture "_s, u"\U0001f58b "_s, u"漢字"_s};
+    static const QStringList pieces = {u"un "_s,       u"mot "_s,        u"\n"_s,  u"\n\n"_s,
+                                       u"écriture "_s, u"\U0001f58b "_s, u"漢字"_s};
     QString text;
     while (text.size() < length)
         text += pieces[random.bounded(pieces.size())];
@@ -186,7 +186,8 @@ void PLPageLayoutTest::aPointLeadsToItsCharacter()
 
 void PLPageLayoutTest::everyPositionIsFoundWhereItIsDrawn()
 {
-    Page page(u"Un mot, 漢字 et \U0001f58b encore, sur une ligne qui se brise deux fois au moins.\n\nfin"_s, 300);
+    Page page(u"Un mot, 漢字 et \U0001f58b encore, sur une ligne qui se brise deux fois au moins.\n\nfin"_s,
+              300);
     for (QTextBlock block = page.document.begin(); block.isValid(); block = block.next()) {
         const QPointF origin = page.layout->blockBoundingRect(block).topLeft();
         for (int position = 0; position < block.length(); ++position) {

@@ -3,8 +3,10 @@
 
 #include "editor/PLPageTextView.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -49,8 +51,11 @@ class PLPageTextViewTest final : public QObject
 
 private Q_SLOTS:
     void everyCharacterComesBackAfterALetterIsTypedAnywhere();
+    void aTypedStandInIsKeptApart();
     void loadingAPageIsNoChangeAndLeavesNothingToUndo();
     void resizingIsNoChangeAndAddsNoUndoStep();
+    void undoGoesByWords();
+    void aNewWordForgetsWhatWasUndone();
     void returnInAnEmptyParagraphMakesAnother();
     void whatIsInSightStaysWhileThePageIsLaidOut();
     void aPasteKeepsItsSpacesAndIsOneUndoStep();
@@ -86,6 +91,21 @@ void PLPageTextViewTest::everyCharacterComesBackAfterALetterIsTypedAnywhere()
     }
 }
 
+void PLPageTextViewTest::aTypedStandInIsKeptApart()
+{
+    PLPageTextView view;
+    view.setPageText(u"\u2029"_s);
+    const QString standIn = view.document()->toRawText();
+    QInputMethodEvent composed;
+    composed.setCommitString(standIn);
+
+    QApplication::sendEvent(&view, &composed);
+    QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, standIn);
+    QApplication::sendEvent(&view, &key);
+
+    QCOMPARE(view.pageText(), standIn + standIn + u"\u2029"_s);
+}
+
 void PLPageTextViewTest::loadingAPageIsNoChangeAndLeavesNothingToUndo()
 {
     PLPageTextView view;
@@ -119,6 +139,39 @@ void PLPageTextViewTest::resizingIsNoChangeAndAddsNoUndoStep()
     QVERIFY(!view.document()->isModified());
 }
 
+void PLPageTextViewTest::undoGoesByWords()
+{
+    PLPageTextView view;
+    view.setPageText(u"."_s);
+    QTest::keyClicks(&view, u"un mot  encore"_s);
+
+    const QStringList steps = {u"un mot  encore."_s, u"un mot  ."_s, u"un ."_s, u"."_s};
+    for (const QString &step : steps) {
+        QCOMPARE(view.pageText(), step);
+        view.undo();
+    }
+    QCOMPARE(view.pageText(), u"."_s);
+    QVERIFY(!view.document()->isUndoAvailable());
+    for (qsizetype step = steps.size() - 2; step >= 0; --step) {
+        QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(view.pageText(), steps[step]);
+    }
+    QVERIFY(!view.document()->isRedoAvailable());
+}
+
+void PLPageTextViewTest::aNewWordForgetsWhatWasUndone()
+{
+    PLPageTextView view;
+    QTest::keyClicks(&view, u"un deux"_s);
+    view.undo();
+    QTest::keyClicks(&view, u"trois"_s);
+
+    QCOMPARE(view.pageText(), u"un trois"_s);
+    QVERIFY(!view.document()->isRedoAvailable());
+    view.undo();
+    QCOMPARE(view.pageText(), u"un "_s);
+}
+
 void PLPageTextViewTest::returnInAnEmptyParagraphMakesAnother()
 {
     PLPageTextView view;
@@ -134,7 +187,8 @@ void PLPageTextViewTest::whatIsInSightStaysWhileThePageIsLaidOut()
     PLPageTextView view;
     view.resize(900, 500);
     view.show();
-    view.setPageText((u"Une phrase assez longue pour la ligne. "_s.repeated(9) + u"\niiii\n"_s).repeated(3000));
+    view.setPageText(
+        (u"Une phrase assez longue pour la ligne. "_s.repeated(9) + u"\niiii\n"_s).repeated(3000));
     QTextCursor cursor = view.textCursor();
     cursor.setPosition(600000);
     view.setTextCursor(cursor);

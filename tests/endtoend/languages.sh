@@ -16,12 +16,13 @@ speaks() {
     press ctrl+q
     ends_with 0
     rm -rf "$work/home" "$work/config"
-    mkdir "$work/home" "$work/config"
+    mkdir "$work/home"
+    hide_preview
 }
 
 choose_language() {
-    mkdir "$work/config/aquilane"
-    printf '[General]\nPLInterfaceLanguage=%s\n' "$1" >"$work/config/aquilane/aquilane.ini"
+    hide_preview
+    echo "PLInterfaceLanguage=$1" >>"$work/config/aquilane/aquilane.ini"
 }
 
 french=("Bibliothèque" "Nouveau carnet" "Mon roman — Chapitre 1")

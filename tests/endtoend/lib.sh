@@ -151,9 +151,16 @@ is_untouched() {
     cmp "$kept/$1" "$notebook/$1" || fail "$1 was changed"
 }
 
+# The preview's engine takes its time to start, and is not what is looked at here.
+hide_preview() {
+    mkdir -p "$work/config/aquilane"
+    printf '[General]\nPLPreviewVisible=false\n' >"$work/config/aquilane/aquilane.ini"
+}
+
 work=$(mktemp -d)
 mkdir -m 700 "$work/run"
 mkdir "$work/home" "$work/config" "$work/data"
+hide_preview
 : >"$work/stderr"
 trap finish EXIT
 start_display

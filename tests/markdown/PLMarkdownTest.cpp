@@ -268,6 +268,21 @@ void PLMarkdownTest::pages_data()
                                  << u"<p class=\"tags\"><span class=\"tag\">&lt;x&gt;</span></p>\n"_s;
     QTest::newRow("only commas") << u"---\ntags: , ,\n---\n"_s << u"<p class=\"tags\"></p>\n"_s;
     QTest::newRow("other fields are not shown") << u"---\ntype: x\ntags:\n---\n\nA"_s << u"<p>A</p>\n"_s;
+    QTest::newRow("front matter, empty") << u"---\n---\n\nA"_s << u"<p>A</p>\n"_s;
+    QTest::newRow("front matter to the end")
+        << u"---\ntags: a\n---"_s << u"<p class=\"tags\"><span class=\"tag\">a</span></p>\n"_s;
+    QTest::newRow("front matter, blank lines after it")
+        << u"---\na: 1\n---\n\n\n```\n"_s << u"<pre><code></code></pre>\n"_s;
+    QTest::newRow("front matter with carriage returns")
+        << u"---\r\ntags: a\r\n---\r\n\r\nb\r\n"_s
+        << u"<p class=\"tags\"><span class=\"tag\">a</span></p>\n<p>b</p>\n"_s;
+    QTest::newRow("front matter, then carriage returns")
+        << u"---\ntags: a\n---\n\r\r\nb"_s
+        << u"<p class=\"tags\"><span class=\"tag\">a</span></p>\n<p>\r<br>\nb</p>\n"_s;
+    QTest::newRow("longer fence inside")
+        << u"---\ntags: a\n----\n---\nb"_s
+        << u"<p class=\"tags\"><span class=\"tag\">a</span></p>\n<p>b</p>\n"_s;
+    QTest::newRow("two carriage returns") << u"a\r\r\nb\r"_s << u"<p>a\r<br>\nb\r</p>\n"_s;
     QTest::newRow("front matter never closed") << u"---\na: b"_s << u"<hr>\n<p>a: b</p>\n"_s;
     QTest::newRow("carriage returns and line feeds") << u"a\r\n\r\nb\r\n"_s << u"<p>a</p>\n<p>b</p>\n"_s;
 }

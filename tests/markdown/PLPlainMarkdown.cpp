@@ -218,8 +218,9 @@ QString PLPlainMarkdown::escapeHTML(QString text)
 qsizetype PLPlainMarkdown::wordCount(const QString &text)
 {
     UErrorCode status = U_ZERO_ERROR;
-    UBreakIterator *iterator = ubrk_open(UBRK_WORD, "", reinterpret_cast<const UChar *>(text.utf16()),
-                                         int32_t(text.size()), &status);
+    static UBreakIterator *const unused = ubrk_open(UBRK_WORD, "", nullptr, 0, &status);
+    UBreakIterator *iterator = ubrk_clone(unused, &status); // as good as new, and much cheaper
+    ubrk_setText(iterator, reinterpret_cast<const UChar *>(text.utf16()), int32_t(text.size()), &status);
     qsizetype words = 0;
     while (U_SUCCESS(status) && ubrk_next(iterator) != UBRK_DONE)
         words += ubrk_getRuleStatus(iterator) >= UBRK_WORD_NONE_LIMIT ? 1 : 0;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Aquilane authors
 // SPDX-License-Identifier: MIT
 
+#include "editor/PLTagField.h"
 #include "notebook_window/PLNotebookWindowFixture.h"
 
 #include <QLabel>
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void aReferenceThatIsGoneGivesWayToThePage();
     void aRefreshDoesNotScrollTheList();
     void pagesFromOutsideAppearWhenTheWindowBecomesKey();
+    void aTypedTagIsSavedAndListed();
     void closingAsksIfThePageCannotBeSaved();
     void theWindowHasItsSizes();
     void commandsAreEnabledByWhatIsSelected();
@@ -347,6 +349,24 @@ void PLProjectWindowControllerTest::pagesFromOutsideAppearWhenTheWindowBecomesKe
     QCOMPARE(window.sidebar().tree().section(PLSection::Book)->childCount(), 2);
     QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), u"xun"_s);
     QCOMPARE(window.editor()->text(), u"xun"_s);
+    QCOMPARE(window.selectedText(), u"A"_s);
+}
+
+void PLProjectWindowControllerTest::aTypedTagIsSavedAndListed()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/2 - B.md"_s, page(u"Été"_s));
+    window.open();
+    PLTagField *field = window.editor()->tagField();
+
+    QTest::keyClicks(field, u"ete,Bal"_s);
+    QVERIFY(window.session().isDirty());
+    QTest::keyClick(field, Qt::Key_Return);
+    QTest::keyClick(field, Qt::Key_Return);
+
+    QTRY_COMPARE(window.notebook.read(u"Livre/1 - A.md"_s), page(u"Été, Bal"_s, u"un"_s));
+    QTRY_COMPARE(window.sidebar().allTags(), QStringList({u"Bal"_s, u"Été"_s}));
     QCOMPARE(window.selectedText(), u"A"_s);
 }
 

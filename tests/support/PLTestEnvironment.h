@@ -35,6 +35,8 @@ public:
     void forgetPreferences()
     {
         PLPreferences::useFile(m_folder.filePath(QStringLiteral("preferences-%1.ini").arg(++m_files)));
+        PLPreferences::store().setValue(QStringLiteral("PLPreviewVisible"),
+                                        false); // its engine is slow to load
         PLLocalization::forgetCurrentLanguage();
     }
 

@@ -16,7 +16,8 @@ public:
     explicit PLTestNotebook(const QString &title = QStringLiteral("Roman"))
     {
         QDir().mkpath(path());
-        write(QStringLiteral("projet.md"), QStringLiteral("---\ntitre: %1\nformat: aquilane-1\n---\n\n").arg(title));
+        write(QStringLiteral("projet.md"),
+              QStringLiteral("---\ntitre: %1\nformat: aquilane-1\n---\n\n").arg(title));
     }
 
     QString path(const QString &relative = QString()) const

@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/PLLivePreview.h"
+
+#include "editor/PLPageTextView.h"
+#include "editor/PLPreviewLoader.h"
+#include "editor/PLPreviewView.h"
+#include "markdown/PLMarkdown.h"
+#include "theme/PLTheme.h"
+
+#include <QDesktopServices>
+#include <QLabel>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto previewDelay = 300ms;
+
+} // namespace
+
+PLLivePreview::PLLivePreview(PLPageTextView &textView, QWidget *parent)
+    : QWidget(parent), m_textView(textView), m_timer(this)
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(previewDelay);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        updatePreview();
+        Q_EMIT previewTimerFired();
+    });
+    connect(textView.verticalScrollBar(), &QScrollBar::valueChanged, this, &PLLivePreview::syncPreviewScroll);
+}
+
+void PLLivePreview::pageDidLoad(const QUrl &baseURL)
+{
+    m_baseURL = baseURL;
+    m_isLoaded = false;
+    m_timer.stop();
+    updatePreview();
+}
+
+void PLLivePreview::updatePreview()
+{
+    if (!isVisible() || !m_view) {
+        m_needsUpdate = true;
+        return;
+    }
+    m_needsUpdate = false;
+    const QString fragment = PLMarkdown::HTMLFromMarkdown(m_textView.pageText());
+    if (!m_isLoaded)
+        return m_view->loadDocument(PLMarkdown::pageWithBodyHTML(fragment), m_baseURL);
+    m_view->replaceContent(fragment);
+    syncPreviewScroll();
+}
+
+void PLLivePreview::syncPreviewScroll()
+{
+    if (m_view && m_isLoaded && isVisible())
+        m_view->scrollToRatio(scrollRatio());
+}
+
+double PLLivePreview::scrollRatio() const
+{
+    const QScrollBar *bar = m_textView.verticalScrollBar();
+    return bar->maximum() > 0 ? qBound(0.0, double(bar->value()) / bar->maximum(), 1.0) : 0;
+}
+
+/// The plugin is loaded when the event loop turns: first the window is on screen.
+void PLLivePreview::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            makeView();
+            if (m_needsUpdate || !m_isLoaded)
+                updatePreview();
+        },
+        Qt::QueuedConnection);
+}
+
+void PLLivePreview::makeView()
+{
+    if (m_view || m_isMissing || !isVisible())
+        return;
+    QString reason;
+    if (PLPreviewView *view = PLLoadPreviewView(this, &reason))
+        return show(view);
+    m_isMissing = true;
+    showReason(reason);
+}
+
+void PLLivePreview::show(PLPreviewView *view)
+{
+    m_view = view;
+    layout()->addWidget(view->widget());
+    connect(view, &PLPreviewView::linkClicked, this, &PLLivePreview::openLink);
+    connect(view, &PLPreviewView::didFinishLoad, this, [this] {
+        m_isLoaded = true;
+        syncPreviewScroll();
+    });
+    connect(view, &PLPreviewView::contentMissing, this, [this] {
+        m_isLoaded = false;
+        updatePreview();
+    });
+}
+
+void PLLivePreview::showReason(const QString &reason)
+{
+    auto *label = new QLabel(reason);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignCenter);
+    label->setContentsMargins(20, 20, 20, 20);
+    label->setFont(PLTheme::sidebarFont());
+    QPalette colors = label->palette();
+    colors.setColor(QPalette::WindowText, PLTheme::faintInkColor());
+    label->setPalette(colors);
+    layout()->addWidget(label);
+}
+
+/// The preview itself never goes anywhere; only the web and mail are handed to the desktop.
+void PLLivePreview::openLink(const QUrl &url) const
+{
+    const QString scheme = url.scheme();
+    if (scheme == u"http" || scheme == u"https" || scheme == u"mailto")
+        QDesktopServices::openUrl(url);
+}

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QTimer>
+#include <QUrl>
+#include <QWidget>
+
+class PLPageTextView;
+class PLPreviewView;
+
+/// The pane beside the page that shows it as it would be printed: rendered 0.3 seconds after the last change,
+/// replaced in place, and scrolled along with the text. While it is hidden nothing is rendered.
+class PLLivePreview final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PLLivePreview(PLPageTextView &textView, QWidget *parent = nullptr);
+
+    /// Another page is open; its document is loaded afresh. Pictures are relative to this folder.
+    void pageDidLoad(const QUrl &baseURL);
+    /// The text has changed: the preview follows in 0.3 seconds.
+    void textDidChange() { m_timer.start(); }
+    void updatePreview();
+    void syncPreviewScroll();
+
+    /// The part of its scrollable height that the text is scrolled by, from 0 to 1.
+    double scrollRatio() const;
+    /// What the pane holds, null until it has been shown.
+    PLPreviewView *previewView() const { return m_view; }
+    bool isLoaded() const { return m_isLoaded; }
+
+Q_SIGNALS:
+    /// The writer has paused: what is derived from the text may follow.
+    void previewTimerFired();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void makeView();
+    void show(PLPreviewView *view);
+    void showReason(const QString &reason);
+    void openLink(const QUrl &url) const;
+
+    PLPageTextView &m_textView;
+    PLPreviewView *m_view = nullptr;
+    QUrl m_baseURL;
+    QTimer m_timer;
+    bool m_isLoaded = false;
+    bool m_needsUpdate = true;
+    bool m_isMissing = false; ///< there is no plugin: the pane says so
+};

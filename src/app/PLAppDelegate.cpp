@@ -54,7 +54,7 @@ void PLAppDelegate::applicationDidFinishLaunching(const QStringList &paths)
     reopenProjectsAfterRelaunch();
     for (const QString &path : paths)
         openFile(path);
-    if (m_projectWindows.empty())
+    if (m_projectWindows.empty() && !m_terminating)
         showLibrary();
 }
 
@@ -195,6 +195,7 @@ void PLAppDelegate::terminate()
 
 void PLAppDelegate::terminateQuietly()
 {
+    m_terminating = true;
     saveAllQuietly();
     Q_EMIT willTerminate();
 }

@@ -211,6 +211,7 @@ QMenu *PLAddSubmenu(QMenu *menu, const QString &title)
     return submenu;
 }
 
+// NOLINTNEXTLINE(readability-function-size): five arguments, as the operation has
 QAction *PLAddItem(QMenu *menu, const QString &title, PLCommand command, int tag, const QKeySequence &keys)
 {
     QAction *action = menu->addAction(title);

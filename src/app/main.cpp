@@ -43,7 +43,8 @@ int main(int argc, char *argv[])
     if (role == PLSingleInstance::Role::HandedOver)
         return 0;
 
-    // A preview shown later shares its drawing context with the windows; it must be said before the application is.
+    // A preview shown later shares its drawing context with the windows; it must be said before the
+    // application is.
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Aquilane"_s);
@@ -58,12 +59,16 @@ int main(int argc, char *argv[])
 
     PLAppDelegate delegate;
     PLExitSignals exitSignals;
-    QObject::connect(&delegate, &PLAppDelegate::willTerminate, &application, [] { QCoreApplication::exit(0); });
-    QObject::connect(&exitSignals, &PLExitSignals::exitRequested, &delegate, &PLAppDelegate::terminateQuietly);
+    QObject::connect(&delegate, &PLAppDelegate::willTerminate, &application,
+                     [] { QCoreApplication::exit(0); });
+    QObject::connect(&exitSignals, &PLExitSignals::exitRequested, &delegate,
+                     &PLAppDelegate::terminateQuietly);
     QObject::connect(&exitSignals, &PLExitSignals::sessionWillEnd, &delegate, &PLAppDelegate::saveAllQuietly);
     QObject::connect(&instance, &PLSingleInstance::requestReceived, &delegate,
                      &PLAppDelegate::applicationHandleRequest);
     instance.listen();
-    delegate.applicationDidFinishLaunching(paths);
+    // From within the event loop: an alert may come up, and what ends the program then ends the whole of it.
+    QMetaObject::invokeMethod(
+        &delegate, [&] { delegate.applicationDidFinishLaunching(paths); }, Qt::QueuedConnection);
     return QApplication::exec();
 }

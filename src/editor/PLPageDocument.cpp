@@ -3,43 +3,19 @@
 
 #include "editor/PLPageDocument.h"
 
+#include "editor/PLPageLayout.h"
 #include "theme/PLTheme.h"
 
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextFrame>
-
-namespace {
-
-void setMargins(QTextDocument &document)
-{
-    document.setDocumentMargin(0);
-    QTextFrameFormat format = document.rootFrame()->frameFormat();
-    format.setTopMargin(PLPageVerticalInset);
-    format.setBottomMargin(PLPageVerticalInset);
-    format.setLeftMargin(PLPageDocumentSideMargin);
-    format.setRightMargin(PLPageDocumentSideMargin);
-    document.rootFrame()->setFrameFormat(format);
-}
-
-} // namespace
-
-QTextBlockFormat PLPageBlockFormat()
-{
-    QTextBlockFormat format;
-    format.setLineHeight(130, QTextBlockFormat::ProportionalHeight);
-    return format;
-}
 
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText)
 {
     auto document = std::make_unique<QTextDocument>();
-    document->setUndoRedoEnabled(false);
+    document->setUndoRedoEnabled(false); // a long text is taken in twice as fast
     document->setDefaultFont(PLTheme::editorFont());
-    setMargins(*document);
-    QTextCursor cursor(document.get());
-    cursor.setBlockFormat(PLPageBlockFormat());
-    cursor.insertText(encodedText);
+    QTextCursor(document.get()).insertText(encodedText);
+    document->setDocumentLayout(new PLPageLayout(document.get()));
     document->setUndoRedoEnabled(true);
     document->setModified(false);
     return document;

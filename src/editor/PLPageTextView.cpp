@@ -4,12 +4,11 @@
 #include "editor/PLPageTextView.h"
 
 #include "editor/PLPageDocument.h"
+#include "editor/PLPageLayout.h"
 #include "theme/PLTheme.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
@@ -18,21 +17,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int columnWidth = 720;
-constexpr int smallestInset = 44;
 constexpr int ruleDistance = 16; // from the rule to the column
 constexpr int smallestRulePosition = 8;
+constexpr int layoutSlice = 3; // milliseconds
 
 } // namespace
 
 PLPageTextView::PLPageTextView(QWidget *parent)
     : QTextEdit(parent)
     , m_characters(std::make_unique<PLPageCharacters>())
+    , m_layoutTimer(this)
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyColors();
+    m_layoutTimer.setObjectName(u"layout"_s);
+    connect(&m_layoutTimer, &QTimer::timeout, this, &PLPageTextView::layOutMore);
     setPageText(QString());
     connect(this, &QTextEdit::textChanged, this, [this] {
         if (!m_loading)
@@ -52,17 +53,13 @@ void PLPageTextView::setPageText(const QString &text)
     delete std::exchange(m_loadedDocument, loaded);
     setTextCursor(QTextCursor(document()));
     verticalScrollBar()->setValue(0);
+    m_layoutTimer.start();
     m_loading = false;
 }
 
 QString PLPageTextView::pageText() const
 {
     return m_characters->decoded(PLTextOfDocument(*document()));
-}
-
-int PLPageTextView::horizontalInsetForWidth(int width)
-{
-    return qMax(smallestInset, (width - columnWidth) / 2);
 }
 
 std::optional<int> PLPageTextView::marginRuleForInset(int inset)
@@ -108,29 +105,26 @@ void PLPageTextView::performCommand(PLCommand command, int)
     }
 }
 
-bool PLPageTextView::event(QEvent *event)
-{
-    if (event->type() == QEvent::Paint) {
-        drawMargins();
-        return true;
-    }
-    return forwardMarginEvent(event) || QTextEdit::event(event);
-}
-
 void PLPageTextView::keyPressEvent(QKeyEvent *event)
 {
     if (event == QKeySequence::InsertParagraphSeparator || event == QKeySequence::InsertLineSeparator) {
-        insertParagraph();
+        insertPageText(u"\n"_s);
         event->accept();
         return;
     }
     QTextEdit::keyPressEvent(event);
 }
 
+void PLPageTextView::paintEvent(QPaintEvent *event)
+{
+    drawBackgroundInRect(event->rect());
+    QTextEdit::paintEvent(event);
+}
+
 void PLPageTextView::resizeEvent(QResizeEvent *event)
 {
-    updateInset();
     QTextEdit::resizeEvent(event);
+    m_layoutTimer.start();
 }
 
 QMimeData *PLPageTextView::createMimeDataFromSelection() const
@@ -168,74 +162,34 @@ void PLPageTextView::applyColors()
     setPalette(colors);
 }
 
-/// The inset is made of the viewport's margins and not of the document's, whose every change would be an edit.
-void PLPageTextView::updateInset()
+void PLPageTextView::drawBackgroundInRect(const QRect &rect)
 {
-    const QScrollBar *bar = verticalScrollBar();
-    const int inset = horizontalInsetForWidth(width() - (bar->isVisible() ? bar->width() : 0));
-    if (inset == m_inset)
-        return;
-    m_inset = inset;
-    const int margin = inset - PLPageDocumentSideMargin;
-    setViewportMargins(margin, 0, margin, 0);
-    update();
-}
-
-void PLPageTextView::drawMargins()
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), PLTheme::paperColor());
-    if (const auto rule = marginRuleForInset(m_inset))
-        painter.fillRect(*rule, 0, 1, height(), PLTheme::marginLineColor());
-}
-
-/// A click or a drag in the margin is one at the nearest end of the line, as on paper.
-bool PLPageTextView::forwardMarginEvent(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-        break;
-    default:
-        return false;
+    if (const auto rule = marginRuleForInset(pageLayout()->horizontalInset())) {
+        QPainter painter(viewport());
+        painter.fillRect(*rule, rect.top(), 1, rect.height(), PLTheme::marginLineColor());
     }
-    const auto *mouse = static_cast<QMouseEvent *>(event);
-    const QPointF position = viewport()->mapFrom(this, mouse->position().toPoint());
-    QMouseEvent forwarded(mouse->type(), position, mouse->globalPosition(), mouse->button(), mouse->buttons(),
-                          mouse->modifiers(), mouse->pointingDevice());
-    return QCoreApplication::sendEvent(viewport(), &forwarded);
 }
 
-/// Qt swallows Return in an empty paragraph that has a format, so the paragraph is inserted here.
-void PLPageTextView::insertParagraph()
+/// Lays out a little more of the page; what is in sight stays where it is while the heights above it settle.
+void PLPageTextView::layOutMore()
 {
-    QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
-    cursor.removeSelectedText();
-    cursor.insertBlock(PLPageBlockFormat());
-    cursor.endEditBlock();
-    setTextCursor(cursor);
-    ensureCursorVisible();
+    const int scrollPosition = verticalScrollBar()->value();
+    const auto [hasMore, shift] = pageLayout()->layOutMore(layoutSlice, scrollPosition);
+    verticalScrollBar()->setValue(scrollPosition + qRound(shift));
+    if (!hasMore)
+        m_layoutTimer.stop();
 }
 
-/// As one undo step, every new paragraph with the page's format: Qt gives it to the first one only.
+PLPageLayout *PLPageTextView::pageLayout() const
+{
+    return static_cast<PLPageLayout *>(document()->documentLayout());
+}
+
+/// As one undo step.
 void PLPageTextView::insertPageText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
-    cursor.removeSelectedText();
-    const int start = cursor.position();
     cursor.insertText(m_characters->encoded(text));
-    const int end = cursor.position();
-    if (text.contains(u'\n')) {
-        cursor.setPosition(start);
-        cursor.setPosition(end, QTextCursor::KeepAnchor);
-        cursor.setBlockFormat(PLPageBlockFormat());
-    }
-    cursor.endEditBlock();
-    cursor.setPosition(end);
     setTextCursor(cursor);
     ensureCursorVisible();
 }

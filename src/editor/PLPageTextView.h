@@ -7,11 +7,14 @@
 #include "platform/PLCommand.h"
 
 #include <QTextEdit>
+#include <QTimer>
 
 #include <memory>
 
 /// The page in which the writer writes: a column of text of at most 720 points in the middle of the pane, with a
 /// thin margin rule on its left. It gives back every character of the text it was given.
+class PLPageLayout;
+
 class PLPageTextView final : public QTextEdit, public PLCommandHandler
 {
     Q_OBJECT
@@ -24,8 +27,6 @@ public:
     void setPageText(const QString &text);
     QString pageText() const;
 
-    /// The inset on each side, in points, of a page this wide: the column is centred, with at least 44.
-    static int horizontalInsetForWidth(int width);
     /// Where the margin rule stands for such an inset, nothing if there is no room for it.
     static std::optional<int> marginRuleForInset(int inset);
 
@@ -37,8 +38,8 @@ Q_SIGNALS:
     void textDidChange();
 
 protected:
-    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     QMimeData *createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
@@ -46,14 +47,13 @@ protected:
 
 private:
     void applyColors();
-    void updateInset();
-    void drawMargins();
-    bool forwardMarginEvent(QEvent *event);
-    void insertParagraph();
+    void drawBackgroundInRect(const QRect &rect);
+    void layOutMore();
+    PLPageLayout *pageLayout() const;
     void insertPageText(const QString &text);
 
     std::unique_ptr<PLPageCharacters> m_characters;
     QTextDocument *m_loadedDocument = nullptr;
-    int m_inset = 0;
+    QTimer m_layoutTimer; ///< runs while paragraphs are still to be laid out
     bool m_loading = false;
 };

@@ -80,7 +80,8 @@ bool PLPageSession::saveCurrentItem(SaveFailure failure)
     m_saveTimer.stop();
     if (!m_currentItem || !m_dirty)
         return true;
-    if (m_saving)
+    // A save that is under way here waits in its alert. A quiet one is the last before the end: it tries again.
+    if (m_saving && failure == SaveFailure::Tell)
         return false;
     m_saving = true;
     PLError error;

@@ -17,6 +17,7 @@
 #include "storage/PLProject.h"
 #include "theme/PLTheme.h"
 
+#include <QApplication>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -114,13 +115,17 @@ void PLProjectWindowController::windowWillClose()
 
 void PLProjectWindowController::windowDidBecomeKey()
 {
-    if (!m_sidebar->isEditingTitle() && !m_sidebar->tree().isEmpty())
+    // A page that is still dirty could not be saved. Its folder may be gone, and a list without the page
+    // would close it, and its text with it.
+    if (!m_session->isDirty() && !m_sidebar->isEditingTitle() && !m_sidebar->tree().isEmpty())
         refreshSidebar();
 }
 
 void PLProjectWindowController::windowDidResignKey()
 {
-    saveCurrentItem();
+    // An alert of our own takes the focus, perhaps about this very page: it must not lead to another one.
+    if (!QApplication::activeModalWidget())
+        saveCurrentItem();
 }
 
 std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
@@ -215,9 +220,11 @@ void PLProjectWindowController::connectSidebar()
     PLSidebarController *sidebar = m_sidebar.get();
     PLSidebarView *view = sidebar->view();
     PLPageCommands *commands = m_pageCommands.get();
-    connect(sidebar, &PLSidebarController::selectionChanged, this, &PLProjectWindowController::selectionChanged);
+    connect(sidebar, &PLSidebarController::selectionChanged, this,
+            &PLProjectWindowController::selectionChanged);
     connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
-    connect(sidebar, &PLSidebarController::titleEditingCancelled, commands, &PLPageCommands::focusTextIfEditing);
+    connect(sidebar, &PLSidebarController::titleEditingCancelled, commands,
+            &PLPageCommands::focusTextIfEditing);
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
             [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });

@@ -12,6 +12,22 @@
 
 using Kind = PLSidebarNode::Kind;
 
+namespace {
+
+/// The row under this tag (which may be null) for the same file as the reference, null if there is none.
+const PLSidebarNode *referenceUnderTag(const PLSidebarTag *tag, const PLTagReference &reference)
+{
+    if (!tag)
+        return nullptr;
+    for (const auto &candidate : tag->children()) {
+        if (PLItemOfNode(candidate.get())->isSameFileAsItem(reference.referencedItem.get()))
+            return candidate.get();
+    }
+    return nullptr;
+}
+
+} // namespace
+
 PLSidebarController::PLSidebarController(const PLProject &project, QObject *parent)
     : QObject(parent)
     , m_project(project)
@@ -164,12 +180,8 @@ const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node
     switch (node.kind()) {
     case Kind::Reference: {
         const auto &reference = static_cast<const PLTagReference &>(node);
-        const PLSidebarTag *tag = newTree.sidebarTagNamed(reference.parentTagName);
-        for (size_t index = 0; tag && index < tag->children().size(); ++index) {
-            const PLSidebarNode *candidate = tag->children()[index].get();
-            if (PLItemOfNode(candidate)->isSameFileAsItem(reference.referencedItem.get()))
-                return candidate;
-        }
+        if (const PLSidebarNode *same = referenceUnderTag(newTree.sidebarTagNamed(reference.parentTagName), reference))
+            return same;
         return newTree.sectionItemForURL(reference.referencedItem->fileURL());
     }
     case Kind::Tag: {

@@ -26,6 +26,19 @@ void addPages(PLSidebarNode &section, std::vector<PLProjectItemPointer> items)
         section.append(std::make_unique<PLSidebarPage>(std::move(item)));
 }
 
+/// Puts the page under each of its tags; a tag is made when it is first met.
+void addReferences(PLSidebarSection &tagSection, QHash<QString, PLSidebarTag *> &tagsByKey,
+                   const PLProjectItemPointer &item)
+{
+    const QStringList tags = item->readTags();
+    for (const QString &tag : tags) {
+        PLSidebarTag *&node = tagsByKey[tag.toLower()];
+        if (!node)
+            node = tagSection.append(std::make_unique<PLSidebarTag>(tag));
+        node->append(std::make_unique<PLTagReference>(node->name, item));
+    }
+}
+
 } // namespace
 
 PLSidebarTree::PLSidebarTree()
@@ -100,16 +113,8 @@ void PLSidebarTree::buildTagSectionFromSections()
     tagSection->isTagSection = true;
     QHash<QString, PLSidebarTag *> tagsByKey;
     for (const auto &section : m_root->children()) {
-        for (const auto &page : section->children()) {
-            const PLProjectItemPointer item = PLItemOfNode(page.get());
-            const QStringList tags = item->readTags();
-            for (const QString &tag : tags) {
-                PLSidebarTag *&node = tagsByKey[tag.toLower()];
-                if (!node)
-                    node = tagSection->append(std::make_unique<PLSidebarTag>(tag));
-                node->append(std::make_unique<PLTagReference>(node->name, item));
-            }
-        }
+        for (const auto &page : section->children())
+            addReferences(*tagSection, tagsByKey, PLItemOfNode(page.get()));
     }
     const PLTitleComparer comparer(PLLocalization::localeIdentifier());
     tagSection->sortChildren([&comparer](const PLSidebarNode &left, const PLSidebarNode &right) {

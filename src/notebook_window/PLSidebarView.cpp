@@ -58,9 +58,9 @@ void PLSidebarView::contextMenuEvent(QContextMenuEvent *event)
 
 void PLSidebarView::keyPressEvent(QKeyEvent *event)
 {
-    // A title's field leaves Return to its parents too.
+    // The field of a title lets Return through; it ends the typing and must not begin it anew.
     if (state() == EditingState)
-        return event->accept();
+        return event->ignore();
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

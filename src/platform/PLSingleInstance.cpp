@@ -160,7 +160,7 @@ void PLSingleInstance::read(QLocalSocket *socket)
     socket->disconnectFromServer();
     QStringList paths;
     const QJsonArray elements = request[u"paths"].toArray();
-    for (const QJsonValue &element : elements)
+    for (const auto &element : elements)
         paths.append(element.toString());
     Q_EMIT requestReceived(paths, request[u"activationToken"].toString());
 }

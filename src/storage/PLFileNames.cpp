@@ -106,6 +106,7 @@ QString PLSanitizedFileName(const QString &title)
     return rest.isEmpty() ? PLLocalizedString(u"Sans titre"_s) : rest.toString();
 }
 
+// NOLINTNEXTLINE(readability-function-size): five arguments, as the operation has
 QUrl PLAvailableURL(const QUrl &folder, const QString &title, qint64 number, PLSection section,
                     const QUrl &ignoredURL)
 {

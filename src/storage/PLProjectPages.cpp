@@ -103,6 +103,7 @@ std::vector<PLProjectItemPointer> PLProject::itemsInSection(PLSection section) c
     return items;
 }
 
+// NOLINTNEXTLINE(readability-function-size): five arguments, as the operation has
 QUrl PLProject::availableURLInFolder(const QUrl &folder, const QString &title, qint64 number,
                                      PLSection section, const QUrl &ignoringURL) const
 {

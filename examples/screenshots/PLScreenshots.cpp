@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "PLScreenshots.h"
+
+#include "notebook_window/PLProjectWindowController.h"
+#include "notebook_window/PLSidebarController.h"
+#include "platform/PLWindow.h"
+#include "storage/PLRecentProjects.h"
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QPixmap>
+#include <QTextStream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Copies a folder with all that is in it.
+bool copyFolder(const QDir &from, const QDir &to)
+{
+    QDirIterator files(from.absolutePath(), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        const QString copy = to.filePath(from.relativeFilePath(file));
+        if (!QDir().mkpath(QFileInfo(copy).path()) || !QFile::copy(file, copy))
+            return false;
+    }
+    return to.exists();
+}
+
+/// Until nothing is left to lay out or to draw.
+void settle()
+{
+    for (int turn = 0; turn < 10; ++turn) {
+        QApplication::sendPostedEvents();
+        QApplication::processEvents();
+    }
+}
+
+} // namespace
+
+PLScreenshots::PLScreenshots(const QString &language, const QDir &examples, const QDir &pictures)
+    : m_language(language), m_examples(examples.absolutePath()), m_pictures(pictures.absolutePath())
+{
+}
+
+bool PLScreenshots::drawAll()
+{
+    if (!copyExamples() || !drawLibrary(u"library-empty"_s))
+        return false;
+    const QStringList notebooks = QDir(m_copies.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &notebook : notebooks)
+        PLRecentProjects::addURL(QUrl::fromLocalFile(m_copies.filePath(notebook)));
+    const QString notebook = m_language == u"fr" ? u"Le phare d'Ouessant"_s : u"The Lamp Room"_s;
+    return drawNotebook(m_copies.filePath(notebook)) && drawLibrary(u"library"_s);
+}
+
+bool PLScreenshots::copyExamples()
+{
+    const QFileInfoList folders = m_examples.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QFileInfo &folder : folders) {
+        const bool isNotebook = QFile::exists(folder.filePath() + u"/projet.md"_s);
+        if (isNotebook && !copyFolder(folder.filePath(), m_copies.filePath(folder.fileName())))
+            return false;
+    }
+    return true;
+}
+
+/// Three pictures of its window: a chapter, a page with tags, and a section, where no page is open.
+bool PLScreenshots::drawNotebook(const QString &folder)
+{
+    if (!m_delegate.openFile(folder))
+        return false;
+    PLProjectWindowController &controller = *m_delegate.projectWindows().back();
+    if (!draw(*controller.window(), u"notebook"_s))
+        return false;
+    // Asked for anew each time: coming to the front rebuilds the sidebar, and every row with it.
+    PLSidebarController &sidebar = controller.sidebar();
+    const auto characters = [&sidebar] { return sidebar.tree().section(PLSection::Characters); };
+    if (characters()->childCount() == 0)
+        return false;
+    sidebar.selectSidebarObject(characters()->children().front().get());
+    if (!draw(*controller.window(), u"notebook-character"_s))
+        return false;
+    sidebar.selectSidebarObject(characters());
+    return draw(*controller.window(), u"notebook-placeholder"_s);
+}
+
+bool PLScreenshots::drawLibrary(const QString &what)
+{
+    m_delegate.showLibrary();
+    return draw(*m_delegate.library()->window(), what);
+}
+
+bool PLScreenshots::draw(QWidget &window, const QString &what) const
+{
+    settle();
+    const QString path = m_pictures.absoluteFilePath(u"%1-%2.png"_s.arg(what, m_language));
+    if (!window.grab().save(path))
+        return false;
+    QTextStream(stdout) << path << Qt::endl;
+    return true;
+}

@@ -1,0 +1,72 @@
+# SPDX-FileCopyrightText: 2026 the Aquilane authors
+# SPDX-License-Identifier: MIT
+#
+# A second start hands over to the first, whatever it is given; a start after a crash is a first one.
+
+source "$(dirname "$0")/lib.sh"
+
+# second PATHS...: a start that must hand over and end well at once.
+second() {
+    as_writer timeout 10 "$program" "$@" 2>>"$work/stderr" || fail "the second start ended with $?"
+}
+
+paths_are_handed_over() {
+    cp -a "$notebook" "$work/Été \"\$(touch canary)\" à deux"
+    sed -i 's/^titre: .*/titre: Deux/' "$work"/Été*/projet.md
+    (cd "$work" && second Été*/projet.md) # a relative path is the second start's own
+    expect_title "Deux — Le départ"
+    has_window "^Le phare" || fail "the first notebook has gone"
+    [[ ! -e $work/canary ]] || fail "a name was run as a command"
+}
+
+an_open_notebook_comes_to_the_front() {
+    second "$notebook"
+    expect_title "Le phare — Le départ"
+    [[ $(xdotool search --onlyvisible --name "^Le phare" | wc -l) == 1 ]] || fail "there are two windows of one notebook"
+}
+
+a_start_without_paths_brings_the_program_up() {
+    local window
+    for window in $(xdotool search --onlyvisible --name "part$"); do
+        xdotool windowminimize "$window"
+    done
+    until_true "no window" has_no_window "part$"
+    second
+    until_true "the windows" has_window "part$"
+}
+
+a_missing_notebook_is_told_by_the_first() {
+    second "$work/nowhere"
+    expect_alert "can't be found"
+    press Return
+    until_true "no alert" has_no_window '^Aquilane$'
+}
+
+quitting_ends_everything() {
+    press ctrl+q
+    ends_with 0
+    is_untouched "Livre/01 - Le départ.md"
+}
+
+a_killed_program_does_not_stop_the_next() {
+    start "$notebook"
+    expect_title "Le phare — Le départ"
+    kill -KILL "$pid"
+    wait "$pid" 2>/dev/null || true
+    until_true "no window" has_no_window "Le phare"
+    start "$notebook"
+    expect_title "Le phare — Le départ"
+    press ctrl+q
+    ends_with 0
+}
+
+make_notebook
+start "$notebook"
+expect_title "Le phare — Le départ"
+paths_are_handed_over
+an_open_notebook_comes_to_the_front
+a_start_without_paths_brings_the_program_up
+a_missing_notebook_is_told_by_the_first
+quitting_ends_everything
+a_killed_program_does_not_stop_the_next
+said_nothing

@@ -62,6 +62,14 @@ QString PLPageTextView::pageText() const
     return m_characters->decoded(PLTextOfDocument(*document()));
 }
 
+void PLPageTextView::replaceRange(int position, int length, const QString &text)
+{
+    QTextCursor cursor(document());
+    cursor.setPosition(position);
+    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
+    cursor.insertText(m_characters->encoded(text));
+}
+
 std::optional<int> PLPageTextView::marginRuleForInset(int inset)
 {
     const int position = inset - ruleDistance;

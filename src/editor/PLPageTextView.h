@@ -26,6 +26,8 @@ public:
     /// Loads a page; undo does not reach back before it, and textDidChange is not sent. Line ends are "\n".
     void setPageText(const QString &text);
     QString pageText() const;
+    /// Replaces a part of the page as one undo step. Line ends are "\n".
+    void replaceRange(int position, int length, const QString &text);
 
     /// Where the margin rule stands for such an inset, nothing if there is no room for it.
     static std::optional<int> marginRuleForInset(int inset);

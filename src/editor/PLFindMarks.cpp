@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-PLFindMarks::PLFindMarks(QTextEdit *view) : QObject(view), m_view(view)
+PLFindMarks::PLFindMarks(QTextEdit *view) : QObject(view), m_view(view), m_document(view->document())
 {
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &PLFindMarks::showVisible);
     connect(view, &QTextEdit::textChanged, this, &PLFindMarks::forget);
@@ -47,8 +47,11 @@ void PLFindMarks::showVisible()
     PLSetTextMarks(*m_view, PLTextMark::Match, QList<PLTextRange>(first, last));
 }
 
-/// The positions are wrong now; the marks themselves have moved with the text.
+/// The positions are wrong now; the marks themselves have moved with the text, if it is still the same.
 void PLFindMarks::forget()
 {
     m_matches.clear();
+    if (m_document != m_view->document())
+        PLSetTextMarks(*m_view, PLTextMark::Match, {});
+    m_document = m_view->document();
 }

@@ -7,6 +7,8 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
+#include <QTextDocument>
 
 class QTextEdit;
 
@@ -29,5 +31,6 @@ private:
     void forget();
 
     QTextEdit *m_view;
+    QPointer<QTextDocument> m_document; ///< that the marks are in
     QList<PLTextRange> m_matches;
 };

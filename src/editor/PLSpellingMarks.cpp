@@ -78,6 +78,7 @@ void PLSpellingMarks::setEnabled(bool enabled)
     if (enabled == m_isEnabled)
         return;
     m_isEnabled = enabled;
+    m_lastEdit = -1;
     if (enabled) {
         adoptDocument();
         schedule(0);
@@ -97,7 +98,7 @@ bool PLSpellingMarks::eventFilter(QObject *watched, QEvent *event)
             // What is being composed stands in the paragraph without being in the text: marks would be beside
             // it.
             if (!static_cast<QInputMethodEvent *>(event)->preeditString().isEmpty())
-                removeMarks({block.position(), block.length()});
+                removeMarks({block.position(), block.length() - 1});
             schedule(typingDelay);
         }
     }
@@ -119,14 +120,15 @@ void PLSpellingMarks::adoptDocument()
 }
 
 /// The text is not laid out yet when this is told, so the marks have to wait for textDidChange.
-void PLSpellingMarks::noteChange(int position, int removed, int added)
+void PLSpellingMarks::noteChange(int position, int, int added)
 {
-    Q_UNUSED(removed)
+    m_lastEdit = position + added;
+    // A space at its end parts the change from the word behind it.
+    const bool endsInSpace = added > 0 && m_document->characterAt(m_lastEdit - 1).isSpace();
     const bool isFirst = m_changed.position < 0;
     const int start = isFirst ? position : qMin(position, m_changed.position);
-    const int end = isFirst ? position + added : qMax(position + added, m_changed.end());
+    const int end = qMax(endsInSpace ? m_lastEdit - 1 : m_lastEdit, isFirst ? 0 : m_changed.end());
     m_changed = {start, end - start};
-    m_lastEdit = position + added;
 }
 
 void PLSpellingMarks::textDidChange()
@@ -220,10 +222,8 @@ const QList<PLTextRange> &PLSpellingMarks::misspellingsOf(QTextBlock block, cons
 bool PLSpellingMarks::isBeingTyped(const PLTextRange &word) const
 {
     const int caret = m_view->textCursor().position();
-    const auto touches = [&word](int position) {
-        return position >= word.position && position <= word.end();
-    };
-    return touches(caret) && touches(m_lastEdit);
+    const bool isAtCaret = caret >= word.position && caret <= word.end();
+    return isAtCaret && m_lastEdit > word.position && m_lastEdit <= word.end();
 }
 
 void PLSpellingMarks::removeMarks(const PLTextRange &touching)

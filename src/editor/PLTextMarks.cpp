@@ -49,7 +49,9 @@ void PLSetTextMarks(QTextEdit &view, PLTextMark kind, const QList<PLTextRange> &
     if (PLTextMarks(view, kind) == ranges)
         return;
     QList<QTextEdit::ExtraSelection> others = view.extraSelections();
-    others.removeIf([kind](const auto &selection) { return isOfKind(selection, kind); });
+    others.removeIf([&](const auto &selection) {
+        return isOfKind(selection, kind) || selection.cursor.document() != view.document();
+    });
     const QList<QTextEdit::ExtraSelection> own = selectionsOf(view, kind, ranges);
     // A later one is drawn over the others: what is wrong is seen in a match too.
     view.setExtraSelections(kind == PLTextMark::Match ? own + others : others + own);

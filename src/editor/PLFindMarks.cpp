@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-PLFindMarks::PLFindMarks(QTextEdit *view) : QObject(view), m_view(view), m_document(view->document())
+PLFindMarks::PLFindMarks(QTextEdit *view) : QObject(view), m_marks(PLTextMarks::of(*view))
 {
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &PLFindMarks::showVisible);
     connect(view, &QTextEdit::textChanged, this, &PLFindMarks::forget);
@@ -22,7 +22,7 @@ void PLFindMarks::setMatches(const QList<PLTextRange> &matches)
 {
     m_matches = matches;
     if (matches.isEmpty())
-        PLSetTextMarks(*m_view, PLTextMark::Match, {});
+        m_marks.setMarks(PLTextMarks::Kind::Match, {});
     else
         showVisible();
 }
@@ -39,19 +39,16 @@ void PLFindMarks::showVisible()
 {
     if (m_matches.isEmpty())
         return;
-    const PLTextRange visible = PLVisibleTextRange(*m_view);
+    const PLTextRange visible = m_marks.visibleRange();
     const auto first = std::partition_point(m_matches.cbegin(), m_matches.cend(),
                                             [&](auto &match) { return match.end() <= visible.position; });
     const auto last = std::partition_point(first, m_matches.cend(),
                                            [&](auto &match) { return match.position < visible.end(); });
-    PLSetTextMarks(*m_view, PLTextMark::Match, QList<PLTextRange>(first, last));
+    m_marks.setMarks(PLTextMarks::Kind::Match, QList<PLTextRange>(first, last));
 }
 
-/// The positions are wrong now; the marks themselves have moved with the text, if it is still the same.
+/// The positions are wrong now; the marks themselves have moved with the text.
 void PLFindMarks::forget()
 {
     m_matches.clear();
-    if (m_document != m_view->document())
-        PLSetTextMarks(*m_view, PLTextMark::Match, {});
-    m_document = m_view->document();
 }

@@ -7,9 +7,8 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
-#include <QTextDocument>
 
+class PLTextMarks;
 class QTextEdit;
 
 /// Shows the matches of a search in a text, those that are in sight: a word may stand in a novel a hundred
@@ -30,7 +29,6 @@ private:
     void showVisible();
     void forget();
 
-    QTextEdit *m_view;
-    QPointer<QTextDocument> m_document; ///< that the marks are in
+    PLTextMarks &m_marks; ///< what is shown of them
     QList<PLTextRange> m_matches;
 };

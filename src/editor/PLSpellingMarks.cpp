@@ -6,7 +6,7 @@
 #include "editor/PLTextMarks.h"
 
 #include <QElapsedTimer>
-#include <QInputMethodEvent>
+#include <QEvent>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -18,8 +18,8 @@ constexpr int typingDelay = 150; // milliseconds
 constexpr int scrollDelay = 30;
 constexpr int slice = 4;
 
-constexpr int longBlock = 16384; ///< of longer ones only the part in sight is checked
-constexpr int partMargin = 2048;
+constexpr int longBlock = 8192; ///< of longer ones only the part in sight is checked
+constexpr int partMargin = 1024;
 
 /// What was found in a paragraph, kept with it.
 class FoundWords final : public QTextBlockUserData
@@ -56,7 +56,7 @@ bool isCut(const PLTextRange &word, const PLTextRange &part, int length)
 } // namespace
 
 PLSpellingMarks::PLSpellingMarks(QTextEdit *view, std::shared_ptr<PLSpellChecker> checker)
-    : QObject(view), m_view(view), m_checker(std::move(checker))
+    : QObject(view), m_view(view), m_marks(PLTextMarks::of(*view)), m_checker(std::move(checker))
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &PLSpellingMarks::update);
@@ -67,7 +67,6 @@ PLSpellingMarks::PLSpellingMarks(QTextEdit *view, std::shared_ptr<PLSpellChecker
         ++m_generation;
         schedule(0);
     });
-    view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
 }
 
@@ -84,24 +83,14 @@ void PLSpellingMarks::setEnabled(bool enabled)
         schedule(0);
     } else {
         m_timer.stop();
-        PLSetTextMarks(*m_view, PLTextMark::Misspelling, {});
+        m_marks.setMarks(PLTextMarks::Kind::Misspelling, {});
     }
 }
 
 bool PLSpellingMarks::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_isEnabled) {
-        const QTextBlock block = m_view->textCursor().block();
-        if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
-            schedule(scrollDelay);
-        } else if (event->type() == QEvent::InputMethod) {
-            // What is being composed stands in the paragraph without being in the text: marks would be beside
-            // it.
-            if (!static_cast<QInputMethodEvent *>(event)->preeditString().isEmpty())
-                removeMarks({block.position(), block.length() - 1});
-            schedule(typingDelay);
-        }
-    }
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
+        schedule(scrollDelay);
     return QObject::eventFilter(watched, event);
 }
 
@@ -113,22 +102,9 @@ void PLSpellingMarks::adoptDocument()
     if (m_document)
         m_document->disconnect(this);
     m_document = m_view->document();
-    connect(m_document, &QTextDocument::contentsChange, this, &PLSpellingMarks::noteChange);
-    m_changed = {-1, 0};
+    connect(m_document, &QTextDocument::contentsChange, this,
+            [this](int position, int, int added) { m_lastEdit = position + added; });
     m_lastEdit = -1;
-    PLSetTextMarks(*m_view, PLTextMark::Misspelling, {});
-}
-
-/// The text is not laid out yet when this is told, so the marks have to wait for textDidChange.
-void PLSpellingMarks::noteChange(int position, int, int added)
-{
-    m_lastEdit = position + added;
-    // A space at its end parts the change from the word behind it.
-    const bool endsInSpace = added > 0 && m_document->characterAt(m_lastEdit - 1).isSpace();
-    const bool isFirst = m_changed.position < 0;
-    const int start = isFirst ? position : qMin(position, m_changed.position);
-    const int end = qMax(endsInSpace ? m_lastEdit - 1 : m_lastEdit, isFirst ? 0 : m_changed.end());
-    m_changed = {start, end - start};
 }
 
 void PLSpellingMarks::textDidChange()
@@ -136,9 +112,6 @@ void PLSpellingMarks::textDidChange()
     if (!m_isEnabled)
         return;
     adoptDocument();
-    if (m_changed.position >= 0)
-        removeMarks(m_changed);
-    m_changed = {-1, 0};
     schedule(typingDelay);
 }
 
@@ -166,7 +139,7 @@ void PLSpellingMarks::update()
     }
     QElapsedTimer timer;
     timer.start();
-    const PLTextRange visible = PLVisibleTextRange(*m_view);
+    const PLTextRange visible = m_marks.visibleRange();
     QList<PLTextRange> marks;
     bool isBeingTypedSomewhere = false;
     for (QTextBlock block = m_document->findBlock(visible.position); block.isValid(); block = block.next()) {
@@ -186,7 +159,7 @@ void PLSpellingMarks::update()
     }
     if (!isBeingTypedSomewhere && isSettled())
         m_lastEdit = -1;
-    PLSetTextMarks(*m_view, PLTextMark::Misspelling, marks);
+    m_marks.setMarks(PLTextMarks::Kind::Misspelling, marks);
 }
 
 bool PLSpellingMarks::isComposing() const
@@ -224,13 +197,4 @@ bool PLSpellingMarks::isBeingTyped(const PLTextRange &word) const
     const int caret = m_view->textCursor().position();
     const bool isAtCaret = caret >= word.position && caret <= word.end();
     return isAtCaret && m_lastEdit > word.position && m_lastEdit <= word.end();
-}
-
-void PLSpellingMarks::removeMarks(const PLTextRange &touching)
-{
-    QList<PLTextRange> marks = PLTextMarks(*m_view, PLTextMark::Misspelling);
-    marks.removeIf([&](const PLTextRange &mark) {
-        return mark.length == 0 || (mark.position <= touching.end() && mark.end() >= touching.position);
-    });
-    PLSetTextMarks(*m_view, PLTextMark::Misspelling, marks);
 }

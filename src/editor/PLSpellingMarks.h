@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class PLTextMarks;
 class QTextBlock;
 class QTextEdit;
 
@@ -36,7 +37,6 @@ public:
 
 private:
     void adoptDocument();
-    void noteChange(int position, int removed, int added);
     void textDidChange();
     void caretDidMove();
     void schedule(int milliseconds);
@@ -44,13 +44,12 @@ private:
     bool isComposing() const;
     const QList<PLTextRange> &misspellingsOf(QTextBlock block, const PLTextRange &visible);
     bool isBeingTyped(const PLTextRange &word) const;
-    void removeMarks(const PLTextRange &touching);
 
     QTextEdit *m_view;
+    PLTextMarks &m_marks;
     std::shared_ptr<PLSpellChecker> m_checker;
     QPointer<QTextDocument> m_document;
     QTimer m_timer;
-    PLTextRange m_changed{-1, 0};
     int m_lastEdit = -1;  ///< where the last change ended, -1 once the caret has left that word
     int m_generation = 0; ///< of the words known: what was found under another one is out of date
     bool m_isEnabled = false;

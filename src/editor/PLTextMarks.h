@@ -6,19 +6,53 @@
 #include "platform/PLTextTarget.h"
 
 #include <QList>
+#include <QObject>
+#include <QPixmap>
+#include <QPointer>
+#include <QTextDocument>
 
+#include <array>
+
+class QPainter;
+class QTextBlock;
 class QTextEdit;
 
-/// What is drawn over a text without being part of it: no undo step, no change, nothing that is saved.
-enum class PLTextMark { Match = 1, Misspelling = 2 };
+/// What is drawn over a text without being part of it: no undo step, no change, nothing that is saved. Marks
+/// move with the text; those whose own text changes go, and all of them go with the document. They are drawn
+/// here and not as the view's extra selections, which cost a frame from a hundred marks on.
+class PLTextMarks final : public QObject
+{
+    Q_OBJECT
 
-/// Shows these ranges under one kind of mark from now on; marks of the other kinds stay. Marks move with the
-/// text around them. When the view gets another document they must go before the old one does: Qt 6.4 looks
-/// at the marks that were there before, and crashes if their document is gone.
-void PLSetTextMarks(QTextEdit &view, PLTextMark kind, const QList<PLTextRange> &ranges);
+public:
+    enum class Kind { Match, Misspelling };
 
-/// Where the marks of a kind are now.
-QList<PLTextRange> PLTextMarks(const QTextEdit &view, PLTextMark kind);
+    /// The marks of this view, made at the first call.
+    static PLTextMarks &of(QTextEdit &view);
 
-/// The part of the text that is in sight.
-PLTextRange PLVisibleTextRange(const QTextEdit &view);
+    /// In order.
+    const QList<PLTextRange> &marks(Kind kind) const;
+    void setMarks(Kind kind, const QList<PLTextRange> &marks);
+
+    /// The part of the text that is in sight.
+    PLTextRange visibleRange() const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    explicit PLTextMarks(QTextEdit *view);
+
+    void adoptDocument();
+    void followChange(int position, int removed, int added);
+    void paint(QEvent *event);
+    void draw(Kind kind, const QRect &clip);
+    void drawInBlock(QPainter &painter, Kind kind, const QTextBlock &block, const QRect &clip);
+    void drawPart(QPainter &painter, Kind kind, const QRectF &part);
+    const QPixmap &wave();
+
+    QTextEdit *m_view;
+    QPointer<QTextDocument> m_document;
+    std::array<QList<PLTextRange>, 2> m_marks;
+    QPixmap m_wave;
+    bool m_isPainting = false;
+};

@@ -191,21 +191,21 @@ void PLFindControllerTest::marksAreThoseInSightAndFollowTheScrolling()
     PLFindTerms::shared().needle = u"mot"_s;
 
     search.showMarks();
-    QList<PLTextRange> marks = PLTextMarks(view, PLTextMark::Match);
+    QList<PLTextRange> marks = PLTextMarks::of(view).marks(PLTextMarks::Kind::Match);
     QVERIFY(marks.size() > 3 && marks.size() < 40);
     QCOMPARE(marks[0], (PLTextRange{3, 3}));
 
     view.verticalScrollBar()->setValue(5000);
-    marks = PLTextMarks(view, PLTextMark::Match);
+    marks = PLTextMarks::of(view).marks(PLTextMarks::Kind::Match);
     QVERIFY(marks.size() > 3 && marks.size() < 40);
-    const PLTextRange visible = PLVisibleTextRange(view);
+    const PLTextRange visible = PLTextMarks::of(view).visibleRange();
     for (const PLTextRange &mark : marks)
         QVERIFY(mark.end() > visible.position && mark.position < visible.end());
     QVERIFY(visible.position > 100);
 
     const qsizetype before = marks.size();
     view.resize(600, 600);
-    QTRY_VERIFY(PLTextMarks(view, PLTextMark::Match).size() > before + 3);
+    QTRY_VERIFY(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match).size() > before + 3);
 }
 
 void PLFindControllerTest::marksFollowTheTextAndGoWithThePanel()
@@ -216,13 +216,13 @@ void PLFindControllerTest::marksFollowTheTextAndGoWithThePanel()
     PLFindTerms::shared().needle = u"mot"_s;
     Controller controller(&view);
     controller.performCommand(PLCommand::PerformFindPanelAction, Controller::ShowFindPanel);
-    QCOMPARE(PLTextMarks(view, PLTextMark::Match), (QList<PLTextRange>{{3, 3}}));
+    QCOMPARE(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match), (QList<PLTextRange>{{3, 3}}));
 
     QTest::keyClicks(&view, u"mot "_s);
-    QTRY_COMPARE(PLTextMarks(view, PLTextMark::Match), (QList<PLTextRange>{{0, 3}, {7, 3}}));
+    QTRY_COMPARE(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match), (QList<PLTextRange>{{0, 3}, {7, 3}}));
 
     QTest::keyClick(controller.panel()->focusWidget(), Qt::Key_Escape);
-    QVERIFY(PLTextMarks(view, PLTextMark::Match).isEmpty());
+    QVERIFY(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match).isEmpty());
 }
 
 void PLFindControllerTest::marksAreNoChange()
@@ -276,7 +276,7 @@ void PLFindControllerTest::anotherPageIsSearchedInstead()
 
     view.setPageText(u"deux, un"_s);
 
-    QTRY_COMPARE(PLTextMarks(view, PLTextMark::Match), (QList<PLTextRange>{{6, 2}}));
+    QTRY_COMPARE(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match), (QList<PLTextRange>{{6, 2}}));
 }
 
 void PLFindControllerTest::commandsGoOnToTheTextFromThePanel()

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void cleanup();
 
     void unknownWordsAreMarked();
+    void aWaveIsDrawnUnderTheWordAlone();
     void theDictionaryIsNotReadBeforeATextIsShown();
     void theWordBeingTypedIsLeftAlone();
     void aWordTheCaretOnlyVisitsStaysMarked();
@@ -44,6 +45,7 @@ private Q_SLOTS:
 
 private:
     QStringList marked() const;
+    QList<QPoint> wavePlaces() const;
     void setCaret(int position);
 
     PLTestEnvironment m_environment;
@@ -77,10 +79,25 @@ QStringList PLSpellingMarksTest::marked() const
         return {u"not settled"_s};
     QStringList words;
     const QString text = m_view->pageText();
-    const QList<PLTextRange> ranges = PLTextMarks(*m_view, PLTextMark::Misspelling);
+    const QList<PLTextRange> ranges = PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling);
     for (const PLTextRange &range : ranges)
         words.append(text.mid(range.position, range.length));
     return words;
+}
+
+/// Where something is drawn in the colour of mistakes.
+QList<QPoint> PLSpellingMarksTest::wavePlaces() const
+{
+    const QImage image = m_view->viewport()->grab().toImage();
+    QList<QPoint> places;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.red() > color.green() + 80 && color.red() > color.blue() + 80)
+                places.append(QPoint(x, y));
+        }
+    }
+    return places;
 }
 
 void PLSpellingMarksTest::setCaret(int position)
@@ -96,8 +113,24 @@ void PLSpellingMarksTest::unknownWordsAreMarked()
     m_view->show();
 
     QCOMPARE(marked(), (QStringList{u"abc"_s, u"xyz"_s}));
-    const auto selections = m_view->extraSelections();
-    QCOMPARE(selections[0].format.underlineStyle(), QTextCharFormat::WaveUnderline);
+}
+
+void PLSpellingMarksTest::aWaveIsDrawnUnderTheWordAlone()
+{
+    m_view->setPageText(u"un abc deux"_s);
+    m_view->show();
+    QVERIFY(wavePlaces().isEmpty());
+    QCOMPARE(marked(), QStringList{u"abc"_s});
+
+    QTextCursor start(m_view->document());
+    start.setPosition(3);
+    QTextCursor end(m_view->document());
+    end.setPosition(6);
+    const QRect word(m_view->cursorRect(start).topLeft(), m_view->cursorRect(end).bottomRight());
+    const QList<QPoint> places = wavePlaces();
+    QVERIFY(places.size() > 10);
+    for (const QPoint &place : places)
+        QVERIFY(word.adjusted(-1, word.height() / 2, 1, 2).contains(place));
 }
 
 void PLSpellingMarksTest::theDictionaryIsNotReadBeforeATextIsShown()
@@ -157,7 +190,7 @@ void PLSpellingMarksTest::aMarkGoesWhenItsWordIsTouched()
     setCaret(6);
     QTest::keyClicks(m_view.get(), u"d"_s);
 
-    const QList<PLTextRange> atOnce = PLTextMarks(*m_view, PLTextMark::Misspelling);
+    const QList<PLTextRange> atOnce = PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling);
     QCOMPARE(atOnce, (QList<PLTextRange>{{8, 3}}));
 }
 
@@ -168,9 +201,9 @@ void PLSpellingMarksTest::marksMoveWithTheText()
     QCOMPARE(marked(), QStringList{u"abc"_s});
 
     QTest::keyClicks(m_view.get(), u"un "_s);
-    QCOMPARE(PLTextMarks(*m_view, PLTextMark::Misspelling), (QList<PLTextRange>{{6, 3}}));
+    QCOMPARE(PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling), (QList<PLTextRange>{{6, 3}}));
     QTest::keyClick(m_view.get(), Qt::Key_Return);
-    QCOMPARE(PLTextMarks(*m_view, PLTextMark::Misspelling), (QList<PLTextRange>{{7, 3}}));
+    QCOMPARE(PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling), (QList<PLTextRange>{{7, 3}}));
     QCOMPARE(marked(), QStringList{u"abc"_s});
 }
 
@@ -271,11 +304,11 @@ void PLSpellingMarksTest::anotherPageStartsAfresh()
     QCOMPARE(marked(), QStringList{u"abc"_s});
 
     m_view->setPageText(u"un deux xyz"_s);
-    QVERIFY(PLTextMarks(*m_view, PLTextMark::Misspelling).isEmpty());
+    QVERIFY(PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling).isEmpty());
     QCOMPARE(marked(), QStringList{u"xyz"_s});
 
     m_view->setPageText(QString());
-    QVERIFY(PLTextMarks(*m_view, PLTextMark::Misspelling).isEmpty());
+    QVERIFY(PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling).isEmpty());
     QVERIFY(marked().isEmpty());
     QTest::keyClicks(m_view.get(), u"abc "_s);
     QCOMPARE(marked(), QStringList{u"abc"_s});
@@ -299,7 +332,7 @@ void PLSpellingMarksTest::switchedOffNothingIsMarked()
     QCOMPARE(marked(), QStringList{u"abc"_s});
 
     m_marks->setEnabled(false);
-    QVERIFY(PLTextMarks(*m_view, PLTextMark::Misspelling).isEmpty());
+    QVERIFY(PLTextMarks::of(*m_view).marks(PLTextMarks::Kind::Misspelling).isEmpty());
     QTest::keyClicks(m_view.get(), u"xyz "_s);
     QVERIFY(marked().isEmpty());
 

@@ -61,7 +61,10 @@ void PLSpellingController::performCommand(PLCommand command, int)
     case PLCommand::CheckSpelling:
         return ensurePanel()->checkNext();
     case PLCommand::ToggleContinuousSpellChecking:
-        return m_checker->setContinuous(!m_checker->isContinuous());
+        m_checker->setContinuous(!m_checker->isContinuous());
+        if (m_checker->isContinuous() && !m_checker->isAvailable())
+            ensurePanel()->showGuesses(); // which says why nothing will be marked
+        return;
     default:
         return;
     }

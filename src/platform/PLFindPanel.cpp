@@ -253,10 +253,8 @@ void PLFindPanel::takeTerms()
 void PLFindPanel::refresh()
 {
     updateButtons();
-    if (!isVisible())
-        return;
-    m_search.showMarks();
-    m_status->setText(describe(m_search.place()));
+    if (isVisible())
+        m_status->setText(describe(m_search.showMarks()));
 }
 
 void PLFindPanel::updateButtons()

@@ -13,12 +13,6 @@ PLFindTerms &PLFindTerms::shared()
 
 PLFindSearch::PLFindSearch(PLFindTarget *target) : m_target(target) {}
 
-PLFindSearch::Place PLFindSearch::place() const
-{
-    const QList<PLTextRange> all = matches();
-    return {int(all.indexOf(m_target->selection())) + 1, int(all.size())};
-}
-
 PLFindSearch::Place PLFindSearch::selectNext()
 {
     const QList<PLTextRange> all = matches();
@@ -65,9 +59,11 @@ void PLFindSearch::useSelection()
         PLFindTerms::shared().needle = m_target->text().mid(selection.position, selection.length);
 }
 
-void PLFindSearch::showMarks()
+PLFindSearch::Place PLFindSearch::showMarks()
 {
-    m_target->setMatchMarks(matches());
+    const QList<PLTextRange> all = matches();
+    m_target->setMatchMarks(all);
+    return {int(all.indexOf(m_target->selection())) + 1, int(all.size())};
 }
 
 void PLFindSearch::hideMarks()

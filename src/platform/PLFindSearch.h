@@ -33,7 +33,6 @@ public:
         Wrap wrap = Wrap::None; ///< whether the search has gone on from the other end of the text
     };
 
-    Place place() const;
     /// Selects the match behind (before) the selection, if there is any at all.
     Place selectNext();
     Place selectPrevious();
@@ -46,8 +45,8 @@ public:
     /// Looks for the selected text from now on.
     void useSelection();
 
-    /// Shows all matches in the text, or none.
-    void showMarks();
+    /// Shows all matches in the text, or none. How the selection stands among them.
+    Place showMarks();
     void hideMarks();
 
 private:

@@ -22,6 +22,7 @@ private Q_SLOTS:
 
     void itKnowsTheSpellingCommandsAlone();
     void markingIsSwitchedInAllWindowsAndRemembered();
+    void switchingOnWithoutADictionarySaysSo();
     void checkingSelectsTheNextUnknownWord();
     void aChangeInThePanelIsOneUndoStep();
     void theMenuOffersSuggestionsAboveTheRest();
@@ -95,6 +96,27 @@ void PLSpellingControllerTest::markingIsSwitchedInAllWindowsAndRemembered()
     QVERIFY(!next.marks()->isEnabled());
     next.performCommand(PLCommand::ToggleContinuousSpellChecking, 0);
     QVERIFY(first.marks()->isEnabled());
+}
+
+void PLSpellingControllerTest::switchingOnWithoutADictionarySaysSo()
+{
+    PLPageTextView view;
+    view.setPageText(u"un abc"_s);
+    view.show();
+    const auto missing = std::make_shared<PLSpellChecker>(
+        u"fr_FR"_s, [](const QString &) { return std::unique_ptr<PLSpellDictionary>(); });
+    PLSpellingController controller(&view, missing);
+    QTRY_VERIFY(missing->isLoaded());
+    QVERIFY(!controller.panel()); // nobody has asked for anything
+
+    controller.performCommand(PLCommand::ToggleContinuousSpellChecking, 0);
+    QVERIFY(!controller.panel());
+    controller.performCommand(PLCommand::ToggleContinuousSpellChecking, 0);
+
+    QVERIFY(controller.panel() && controller.panel()->isVisible());
+    QMenu menu;
+    controller.addSuggestions(&menu, 4);
+    QVERIFY(menu.isEmpty());
 }
 
 void PLSpellingControllerTest::checkingSelectsTheNextUnknownWord()

@@ -176,8 +176,13 @@ void PLFindSearchTest::marksAreAllTheMatches()
     PLFindSearch search(&target);
     PLFindTerms::shared().needle = u"un"_s;
 
-    search.showMarks();
+    PLFindSearch::Place place = search.showMarks();
     QCOMPARE(target.marks.size(), 2);
+    QCOMPARE(place.number, 0);
+    QCOMPARE(place.count, 2);
+    target.selected = {8, 2};
+    place = search.showMarks();
+    QCOMPARE(place.number, 2);
     search.hideMarks();
     QVERIFY(target.marks.isEmpty());
 }

@@ -7,6 +7,7 @@
 #include "platform/PLAlert.h"
 #include "platform/PLExitSignals.h"
 #include "platform/PLSingleInstance.h"
+#include "platform/PLStyle.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -43,10 +44,8 @@ int main(int argc, char *argv[])
     if (role == PLSingleInstance::Role::HandedOver)
         return 0;
 
-    // A preview shown later shares its drawing context with the windows; it must be said before the
-    // application is.
-    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
+    QApplication::setStyle(new PLStyle);
     QApplication::setApplicationName(u"Aquilane"_s);
     QApplication::setApplicationVersion(QStringLiteral(AQUILANE_VERSION));
     QGuiApplication::setDesktopFileName(u"io.github.aquilane"_s);

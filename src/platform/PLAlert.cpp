@@ -5,6 +5,7 @@
 
 #include "i18n/PLLocalization.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -33,6 +34,14 @@ void addButtons(QMessageBox &box, const PLAlert &alert)
     }
 }
 
+/// Qt 6.4 guesses whether an explanation is HTML, and would draw what a folder's name says.
+void showTextsAsTheyAre(QMessageBox &box)
+{
+    const QList<QLabel *> labels = box.findChildren<QLabel *>();
+    for (QLabel *label : labels)
+        label->setTextFormat(Qt::PlainText);
+}
+
 } // namespace
 
 int PLAlert::runModal(QWidget *parent) const
@@ -42,10 +51,10 @@ int PLAlert::runModal(QWidget *parent) const
     QMessageBox box(parent);
     box.setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
     box.setIcon(style == Style::Warning ? QMessageBox::Warning : QMessageBox::Information);
-    box.setTextFormat(Qt::PlainText);
     box.setWindowTitle(u"Aquilane"_s);
     box.setText(message);
     box.setInformativeText(informativeText);
+    showTextsAsTheyAre(box);
     addButtons(box, *this);
     box.exec();
     const qsizetype index = box.buttons().indexOf(box.clickedButton());

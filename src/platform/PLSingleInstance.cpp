@@ -3,14 +3,13 @@
 
 #include "platform/PLSingleInstance.h"
 
-#include <QCoreApplication>
+#include "platform/PLLineServer.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocalServer>
-#include <QLocalSocket>
 #include <QStandardPaths>
 #include <QThread>
 
@@ -26,9 +25,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint64 largestRequest = 1 << 20; // bytes
-constexpr char acknowledgement = '+';
 
 /// A folder that only this user can enter: the session's own, or one made for it under the temporary folder.
 QString privateFolder()
@@ -55,7 +51,7 @@ QByteArray encodedRequest(const QStringList &paths)
     QJsonObject request;
     request[u"paths"] = QJsonArray::fromStringList(paths);
     request[u"activationToken"] = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
-    return QJsonDocument(request).toJson(QJsonDocument::Compact) + '\n';
+    return QJsonDocument(request).toJson(QJsonDocument::Compact);
 }
 
 } // namespace
@@ -64,6 +60,7 @@ PLSingleInstance::PLSingleInstance(QObject *parent) : QObject(parent), m_folder(
 
 PLSingleInstance::~PLSingleInstance()
 {
+    m_server.reset(); // before the lock goes, and another start makes a socket of its own
 #ifdef Q_OS_UNIX
     if (m_lockDescriptor >= 0)
         close(m_lockDescriptor);
@@ -77,7 +74,7 @@ PLSingleInstance::Role PLSingleInstance::start(const QStringList &paths, int tim
         if (lock())
             return Role::First;
         // The other process may still be starting, or just ending: try both roles again.
-        if (handOver(paths, int(deadline.remainingTime())))
+        if (PLLineServer::send(socketPath(), encodedRequest(paths), int(deadline.remainingTime())))
             return Role::HandedOver;
         QThread::msleep(20);
     } while (!deadline.hasExpired());
@@ -105,58 +102,30 @@ bool PLSingleInstance::lock()
 #endif
 }
 
-bool PLSingleInstance::handOver(const QStringList &paths, int timeout) const
-{
-    // Qt's sockets want an application object; the real one is made only when this process is the program.
-    static char name[] = "aquilane";
-    static char *arguments[] = {name, nullptr};
-    int count = 1;
-    const QCoreApplication application(count, arguments);
-    QLocalSocket socket;
-    socket.connectToServer(m_folder + u"/aquilane.socket"_s);
-    if (!socket.waitForConnected(timeout))
-        return false;
-    socket.write(encodedRequest(paths));
-    if (!socket.waitForBytesWritten(timeout) || !socket.waitForReadyRead(timeout))
-        return false;
-    return socket.read(1) == QByteArray(1, acknowledgement);
-}
-
 void PLSingleInstance::listen()
 {
-    const QString name = m_folder + u"/aquilane.socket"_s;
-    QLocalServer::removeServer(name); // one left by a killed process; the lock says that nobody uses it
-    m_server = std::make_unique<QLocalServer>();
-    m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    connect(m_server.get(), &QLocalServer::newConnection, this, &PLSingleInstance::accept);
-    m_server->listen(name);
+    // A socket that is there was left by a killed process: the lock says that nobody uses it.
+    m_server = std::make_unique<PLLineServer>([this](const QByteArray &line) { return takeRequest(line); });
+    m_server->listen(socketPath());
 }
 
-void PLSingleInstance::accept()
+QString PLSingleInstance::socketPath() const
 {
-    while (QLocalSocket *socket = m_server->nextPendingConnection()) {
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { read(socket); });
-        read(socket);
-    }
+    return m_folder + u"/aquilane.socket"_s;
 }
 
-void PLSingleInstance::read(QLocalSocket *socket)
+bool PLSingleInstance::takeRequest(const QByteArray &line)
 {
-    if (!socket->canReadLine()) {
-        if (socket->bytesAvailable() > largestRequest)
-            socket->abort();
-        return;
-    }
-    const QJsonDocument request = QJsonDocument::fromJson(socket->readLine(largestRequest));
+    const QJsonDocument request = QJsonDocument::fromJson(line);
     if (!request.isObject())
-        return socket->abort();
-    socket->write(QByteArray(1, acknowledgement));
-    socket->flush();
-    socket->disconnectFromServer();
+        return false;
     QStringList paths;
     const QJsonArray elements = request[u"paths"].toArray();
     for (const auto &element : elements)
         paths.append(element.toString());
-    Q_EMIT requestReceived(paths, request[u"activationToken"].toString());
+    const QString token = request[u"activationToken"].toString();
+    // Later: the other process waits for its answer, and what comes now may put up an alert.
+    QMetaObject::invokeMethod(
+        this, [this, paths, token] { Q_EMIT requestReceived(paths, token); }, Qt::QueuedConnection);
+    return true;
 }

@@ -9,8 +9,7 @@
 
 #include <memory>
 
-class QLocalServer;
-class QLocalSocket;
+class PLLineServer;
 
 /// Sees to it that one user has one Aquilane: the first start listens on a socket that only its user can
 /// reach, a later one hands its paths over and ends. A lock held by the kernel tells them apart, so that a
@@ -43,11 +42,11 @@ Q_SIGNALS:
 
 private:
     bool lock();
-    bool handOver(const QStringList &paths, int timeout) const;
-    void accept();
-    void read(QLocalSocket *socket);
+    QString socketPath() const;
+    /// False if it is not a request.
+    bool takeRequest(const QByteArray &line);
 
     QString m_folder;
     int m_lockDescriptor = -1;
-    std::unique_ptr<QLocalServer> m_server;
+    std::unique_ptr<PLLineServer> m_server;
 };

@@ -230,8 +230,8 @@ void PLSingleInstanceTest::garbageDoesNoHarm_data()
     QTest::newRow("an array") << QByteArray("[1, 2]\n");
     QTest::newRow("broken JSON") << QByteArray("{\"paths\": [\"/a\"\n");
     QTest::newRow("deep JSON") << QByteArray(100000, '[') + '\n';
-    QTest::newRow("a line without an end") << QByteArray(3 << 20, 'x');
-    QTest::newRow("a very long line") << QByteArray(3 << 20, 'x') + '\n';
+    QTest::newRow("a line without an end") << QByteArray(5 << 20, 'x');
+    QTest::newRow("a very long line") << QByteArray(5 << 20, 'x') + '\n';
 }
 
 void PLSingleInstanceTest::garbageDoesNoHarm()

@@ -209,7 +209,7 @@ void PLSpellCheckerTest::theNextMistakeIsFoundAcrossLines()
 
     const auto found = checker.nextMisspelling(u"un xyzt\n\nab zz deux"_s, from);
 
-    QTEST(found ? found->position : -1, "position");
+    QTEST(int(found ? found->position : -1), "position");
 }
 
 void PLSpellCheckerTest::theMistakeAtAPositionIsFoundFromItsEdges()

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+//
+// What the start of the program costs beside one bare window of the toolkit: the time until the first window
+// is painted, and the memory of the process with its children. All under the same X server, by turns, their
+// files in the cache, for a writer with an empty home.
+
+#include "start_watch.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr double largestTimeRatio = 1.4;
+constexpr double largestMemoryRatio = 1.5;
+constexpr int leastRuns = 15;
+
+struct Contestant
+{
+    const char *name;
+    std::vector<std::string> command;
+    std::vector<double> times{};
+    std::vector<double> memory{};
+};
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+void makeHome(const fs::path &folder)
+{
+    for (const char *name : {"home", "run", "config", "data"})
+        fs::create_directories(folder / name);
+    fs::permissions(folder / "run", fs::perms::owner_all);
+    setenv("HOME", (folder / "home").c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", (folder / "run").c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+    setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+/// A novel of 30 chapters of about 12,000 characters.
+fs::path makeNotebook(const fs::path &folder)
+{
+    const fs::path notebook = folder / "Roman";
+    fs::create_directories(notebook / "Livre");
+    std::ofstream(notebook / "projet.md") << "---\ntitre: Roman\n---\n";
+    for (int number = 1; number <= 30; ++number) {
+        char name[32];
+        std::snprintf(name, sizeof name, "%02d - Chapitre.md", number);
+        std::ofstream page(notebook / "Livre" / name);
+        page << "---\ntags: Paris, mer\n---\n\n";
+        for (int paragraph = 0; paragraph < 40; ++paragraph)
+            page << "La pluie avait cessé vers le soir, et l'on voyait les toits mouillés de la ville, "
+                    "rouges et "
+                    "noirs sous un ciel qui n'en finissait pas de s'éclaircir. Elle posa sa valise, et "
+                    "attendit "
+                    "sans bouger que le bruit du train se fût tout à fait perdu au loin, derrière les "
+                    "entrepôts.\n\n";
+    }
+    return notebook;
+}
+
+/// Prints both medians and their ratios; true if they hold the limits.
+bool report(const Contestant &ours, const Contestant &bare)
+{
+    const double time = median(ours.times) / median(bare.times);
+    const double memory = median(ours.memory) / median(bare.memory);
+    std::printf("%-22s %7.1f ms %7.1f MiB   bare window %7.1f ms %7.1f MiB   ratios %.2f and %.2f\n",
+                ours.name, median(ours.times), median(ours.memory) / 1024, median(bare.times),
+                median(bare.memory) / 1024, time, memory);
+    return time <= largestTimeRatio && memory <= largestMemoryRatio;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const int runs = std::max(leastRuns, argc > 1 ? std::atoi(argv[1]) : leastRuns);
+    const fs::path programs = fs::read_symlink("/proc/self/exe").parent_path();
+    char pattern[] = "/tmp/start_bench.XXXXXX";
+    if (!mkdtemp(pattern))
+        giveUp("there is no room for temporary files");
+    const fs::path folder = pattern;
+    makeHome(folder);
+    const std::string program = programs / "aquilane";
+    const std::string bareWindow = programs / "bare_window";
+    Contestant contestants[] = {{"bare 900x640", {bareWindow, "900", "640"}},
+                                {"empty library", {program}},
+                                {"bare 1100x720", {bareWindow, "1100", "720"}},
+                                {"notebook of 30 pages", {program, makeNotebook(folder)}}};
+    {
+        StartWatch watch;
+        for (int run = -1; run < runs; ++run) { // the first fills the cache and does not count
+            for (Contestant &contestant : contestants) {
+                fs::remove_all(folder / "config");
+                const StartCost cost = watch.start(contestant.command);
+                if (run < 0)
+                    continue;
+                contestant.times.push_back(cost.milliseconds);
+                contestant.memory.push_back(cost.kibibytes);
+            }
+        }
+    }
+    fs::remove_all(folder);
+    std::printf(
+        "medians of %d starts; at most %.1f times the time and %.1f times the memory for the library\n", runs,
+        largestTimeRatio, largestMemoryRatio);
+    const bool holds = report(contestants[1], contestants[0]);
+    report(contestants[3], contestants[2]);
+    return holds ? 0 : 1;
+}

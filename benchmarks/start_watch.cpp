@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "start_watch.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto patience = 20s;
+constexpr int smallestWindow = 200; // points; what is smaller is a helper of the toolkit
+
+template <typename Answer>
+struct Freed
+{
+    explicit Freed(Answer *given) : answer(given) {}
+    ~Freed() { free(answer); }
+    Freed(const Freed &) = delete;
+    Freed &operator=(const Freed &) = delete;
+    Answer *answer;
+};
+
+pid_t run(const std::vector<std::string> &command)
+{
+    std::vector<char *> arguments;
+    for (const std::string &argument : command)
+        arguments.push_back(const_cast<char *>(argument.c_str()));
+    arguments.push_back(nullptr);
+    const pid_t process = fork();
+    if (process != 0)
+        return process;
+    execvp(arguments[0], arguments.data());
+    _exit(127);
+}
+
+/// Processor time of a process so far, in clock ticks.
+long ticksOf(pid_t process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string text((std::istreambuf_iterator<char>(file)), {});
+    std::istringstream fields(text.substr(text.rfind(')') + 1));
+    std::string skipped;
+    for (int count = 0; count < 11; ++count)
+        fields >> skipped;
+    long user = 0;
+    long system = 0;
+    fields >> user >> system;
+    return user + system;
+}
+
+/// Waits until the process has done nothing for a while.
+void waitForRest(pid_t process)
+{
+    const auto deadline = Clock::now() + patience;
+    long ticks = -1;
+    for (int quiet = 0; quiet < 5 && Clock::now() < deadline; ++quiet) {
+        std::this_thread::sleep_for(50ms);
+        const long now = ticksOf(process);
+        if (now != ticks)
+            quiet = 0;
+        ticks = now;
+    }
+}
+
+double memoryOf(pid_t process)
+{
+    const std::string folder = "/proc/" + std::to_string(process);
+    std::ifstream file(folder + "/smaps_rollup");
+    double sum = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.rfind("Pss:", 0) == 0)
+            sum += std::strtod(line.c_str() + 4, nullptr);
+    }
+    std::ifstream children(folder + "/task/" + std::to_string(process) + "/children");
+    for (pid_t child = 0; children >> child;)
+        sum += memoryOf(child);
+    return sum;
+}
+
+} // namespace
+
+StartWatch::StartWatch()
+{
+    startServer();
+    m_connection = xcb_connect(nullptr, nullptr);
+    if (xcb_connection_has_error(m_connection))
+        giveUp("the X server does not answer");
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(m_connection);
+}
+
+StartWatch::~StartWatch()
+{
+    xcb_disconnect(m_connection);
+    kill(m_server, SIGTERM);
+    waitpid(m_server, nullptr, 0);
+}
+
+/// The server finds a free display number and writes it into a pipe when it is ready.
+void StartWatch::startServer()
+{
+    int ends[2];
+    if (pipe(ends) != 0)
+        giveUp("there is no pipe to be had");
+    m_server = fork();
+    if (m_server == 0) {
+        dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
+        const std::string descriptor = std::to_string(ends[1]);
+        execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1400x900x24", "-noreset",
+               "-nolisten", "tcp", nullptr);
+        _exit(127);
+    }
+    close(ends[1]);
+    char number[16] = {};
+    pollfd ready = {ends[0], POLLIN, 0};
+    if (poll(&ready, 1, 20000) != 1 || read(ends[0], number, sizeof number - 1) <= 0)
+        giveUp("Xvfb does not start; script/setup --bench installs it");
+    close(ends[0]);
+    number[strcspn(number, "\n")] = '\0';
+    setenv("DISPLAY", (std::string(":") + number).c_str(), 1);
+}
+
+StartCost StartWatch::start(const std::vector<std::string> &command)
+{
+    StartCost cost;
+    const auto begin = Clock::now();
+    const pid_t process = run(command);
+    waitForPaintedWindow();
+    cost.milliseconds = std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+    waitForRest(process);
+    cost.kibibytes = memoryOf(process);
+    kill(process, SIGTERM);
+    waitpid(process, nullptr, 0);
+    return cost;
+}
+
+void StartWatch::waitForPaintedWindow()
+{
+    const auto deadline = Clock::now() + patience;
+    xcb_window_t window = 0;
+    while (Clock::now() < deadline) {
+        const Freed event(xcb_poll_for_event(m_connection));
+        if (event.answer && (event.answer->response_type & 0x7f) == XCB_MAP_NOTIFY) {
+            const auto *mapped = reinterpret_cast<const xcb_map_notify_event_t *>(event.answer);
+            window = mapped->override_redirect ? window : mapped->window;
+        }
+        if (event.answer)
+            continue;
+        if (window != 0 && isPainted(window))
+            return;
+        std::this_thread::sleep_for(200us);
+    }
+    giveUp("no window appeared");
+}
+
+/// The screen is black, and no window of ours is, once it is painted.
+bool StartWatch::isPainted(unsigned window)
+{
+    const Freed geometry(
+        xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    if (!geometry.answer || geometry.answer->width < smallestWindow)
+        return false;
+    const auto x = int16_t(geometry.answer->width / 2);
+    const auto y = int16_t(geometry.answer->height / 2);
+    const Freed image(xcb_get_image_reply(
+        m_connection, xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, x, y, 1, 1, ~0U),
+        nullptr));
+    if (!image.answer || xcb_get_image_data_length(image.answer) < 3)
+        return false;
+    const uint8_t *pixel = xcb_get_image_data(image.answer);
+    return pixel[0] != 0 || pixel[1] != 0 || pixel[2] != 0;
+}
+
+void giveUp(const std::string &reason)
+{
+    std::fprintf(stderr, "start_bench: %s\n", reason.c_str());
+    std::exit(1);
+}

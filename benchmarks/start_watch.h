@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+struct xcb_connection_t;
+
+/// What one start has cost.
+struct StartCost
+{
+    double milliseconds = 0; ///< from before the fork until the first window has something painted in it
+    double kibibytes = 0; ///< the proportional set size of the process and its children, once it is at rest
+};
+
+/// An X server of its own, without a screen and without a window manager, and the programs started under it.
+class StartWatch final
+{
+public:
+    StartWatch();
+    ~StartWatch();
+
+    StartWatch(const StartWatch &) = delete;
+    StartWatch &operator=(const StartWatch &) = delete;
+
+    /// Starts the program, waits for its window, looks at its memory and ends it.
+    StartCost start(const std::vector<std::string> &command);
+
+private:
+    void startServer();
+    void waitForPaintedWindow();
+    bool isPainted(unsigned window);
+
+    pid_t m_server = -1;
+    xcb_connection_t *m_connection = nullptr;
+    unsigned m_root = 0;
+};
+
+/// Ends the benchmark: something is not as it has to be.
+[[noreturn]] void giveUp(const std::string &reason);

@@ -8,7 +8,7 @@ source "$(dirname "$0")/lib.sh"
 first="Livre/01 - Le départ.md"
 
 writing_is_saved_by_itself() {
-    press Tab ctrl+End
+    press F6 ctrl+End
     write "Déjà l'été, 2 fois."
     expect_title "Le phare — Le départ*"
     is_untouched "$first"
@@ -18,34 +18,34 @@ writing_is_saved_by_itself() {
 }
 
 carriage_returns_become_line_ends() {
-    press shift+Tab Down
+    press F6 Down
     expect_title "Le phare — La traversée"
-    press Tab ctrl+End Return
+    press F6 ctrl+End Return
     write "fin"
     printf 'Une ligne.\nUne autre.\n\nfin' >"$work/expected"
     expect_bytes "$notebook/Livre/02 - La traversée.md" "$work/expected"
 }
 
 latin_1_becomes_utf_8() {
-    press shift+Tab Down
+    press F6 Down
     expect_title "Le phare — L'arrivée"
-    press Tab
+    press F6
     write "à "
     printf 'à Déjà vu, “dit-il”.\n' >"$work/expected"
     expect_bytes "$notebook/Livre/03 - L'arrivée.md" "$work/expected"
 }
 
 odd_characters_stay() {
-    press shift+Tab Down Down
+    press F6 Down Down
     expect_title "Le phare — Marie"
-    press Tab ctrl+End
+    press F6 ctrl+End
     write "ç"
     { cat "$kept/Personnages/Marie.md" && printf ç; } >"$work/expected"
     expect_bytes "$notebook/Personnages/Marie.md" "$work/expected"
 }
 
 renaming_keeps_the_number() {
-    press shift+Tab Home Down
+    press F6 Home Down
     expect_title "Le phare — Le départ"
     press F2
     write "Le retour"
@@ -68,7 +68,7 @@ expect_next_letter_in() {
 }
 
 escape_keeps_the_title() {
-    press shift+Tab Down
+    press F6 Down
     expect_title "Le phare — La traversée"
     press Return
     write "Autre chose"
@@ -78,14 +78,14 @@ escape_keeps_the_title() {
 }
 
 a_title_left_as_it_was_renames_nothing() {
-    press shift+Tab Return Return
+    press F6 Return Return
     expect_next_letter_in "02 - La traversée.md"
 }
 
 tab_ends_a_title_too() {
-    press shift+Tab F2
+    press F6 F2
     write "La mer"
-    press Tab
+    press F6
     expect_title "Le phare — La mer"
     [[ -f "$notebook/Livre/02 - La mer.md" ]] || fail "the page has not moved"
     expect_next_letter_in "02 - La mer.md"
@@ -105,7 +105,7 @@ a_new_chapter_is_titled_then_written() {
 
 a_page_goes_to_the_trash() {
     local page="$notebook/Livre/04 - Le phare.md" info="$work/data/Trash/info/04 - Le phare.md.trashinfo"
-    press shift+Tab Delete
+    press F6 Delete
     expect_alert "throw the page away?"
     press Escape
     expect_title "Le phare — Le phare"

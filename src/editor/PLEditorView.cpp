@@ -3,10 +3,12 @@
 
 #include "editor/PLEditorView.h"
 
+#include "editor/PLFindController.h"
 #include "editor/PLFormatBarView.h"
 #include "editor/PLFormatCommands.h"
 #include "editor/PLLivePreview.h"
 #include "editor/PLPageTextView.h"
+#include "editor/PLSpellingController.h"
 #include "editor/PLTagBarView.h"
 #include "editor/PLTagField.h"
 #include "foundation/PLPreferences.h"
@@ -15,6 +17,7 @@
 #include "markdown/PLMarkdown.h"
 
 #include <QLocale>
+#include <QMenu>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -32,6 +35,8 @@ PLEditorView::PLEditorView(QWidget *parent)
     , m_formatBar(new PLFormatBarView)
     , m_tagBar(new PLTagBarView)
     , m_textView(new PLPageTextView)
+    , m_findController(std::make_unique<PLFindController>(m_textView))
+    , m_spellingController(std::make_unique<PLSpellingController>(m_textView))
     , m_livePreview(new PLLivePreview(*m_textView))
     , m_splitView(new QSplitter(Qt::Horizontal))
 {
@@ -47,6 +52,8 @@ PLEditorView::PLEditorView(QWidget *parent)
     setPreviewVisible(PLPreferences::store().value(previewVisibleKey, true).toBool());
     updateWordCount();
 }
+
+PLEditorView::~PLEditorView() = default;
 
 void PLEditorView::setText(const QString &text, const QUrl &baseURL)
 {
@@ -85,8 +92,12 @@ void PLEditorView::setPreviewVisible(bool visible)
     PLPreferences::store().setValue(previewVisibleKey, visible);
 }
 
-std::optional<PLCommandState> PLEditorView::stateOfCommand(PLCommand command, int) const
+std::optional<PLCommandState> PLEditorView::stateOfCommand(PLCommand command, int tag) const
 {
+    if (const PLCommandHandler *handler = handlerOf(command, tag)) {
+        const PLCommandState state = *handler->stateOfCommand(command, tag);
+        return PLCommandState{state.enabled && !isHidden(), state.checked};
+    }
     if (command == PLCommand::TogglePreview)
         return PLCommandState{!isHidden(), m_isPreviewVisible};
     if (PLIsFormatCommand(command))
@@ -96,10 +107,21 @@ std::optional<PLCommandState> PLEditorView::stateOfCommand(PLCommand command, in
 
 void PLEditorView::performCommand(PLCommand command, int tag)
 {
-    if (command == PLCommand::TogglePreview)
+    if (PLCommandHandler *handler = handlerOf(command, tag))
+        handler->performCommand(command, tag);
+    else if (command == PLCommand::TogglePreview)
         togglePreview();
     else
         PLPerformFormatCommand(*m_textView, command, tag);
+}
+
+PLCommandHandler *PLEditorView::handlerOf(PLCommand command, int tag) const
+{
+    if (m_findController->stateOfCommand(command, tag))
+        return m_findController.get();
+    if (m_spellingController->stateOfCommand(command, tag))
+        return m_spellingController.get();
+    return nullptr;
 }
 
 QWidget *PLEditorView::buildPanes()
@@ -115,6 +137,8 @@ QWidget *PLEditorView::buildPanes()
 void PLEditorView::connectParts()
 {
     connect(m_textView, &PLPageTextView::textDidChange, m_livePreview, &PLLivePreview::textDidChange);
+    connect(m_textView, &PLPageTextView::contextMenuWillOpen, m_spellingController.get(),
+            &PLSpellingController::addSuggestions);
     connect(m_livePreview, &PLLivePreview::previewTimerFired, this, &PLEditorView::updateWordCount);
     connect(m_formatBar, &PLFormatBarView::commandTriggered, this, &PLEditorView::performCommand);
 }

@@ -9,9 +9,13 @@
 #include <QUrl>
 #include <QWidget>
 
+#include <memory>
+
+class PLFindController;
 class PLFormatBarView;
 class PLLivePreview;
 class PLPageTextView;
+class PLSpellingController;
 class PLTagBarView;
 class PLTagField;
 class QSplitter;
@@ -24,6 +28,7 @@ class PLEditorView final : public QWidget, public PLCommandHandler
 
 public:
     explicit PLEditorView(QWidget *parent = nullptr);
+    ~PLEditorView() override;
 
     /// Loads a page's body; links and pictures in it are relative to `baseURL`, the folder of its file.
     void setText(const QString &text, const QUrl &baseURL);
@@ -50,6 +55,8 @@ public:
 private:
     QWidget *buildPanes();
     void connectParts();
+    /// Who carries out the finding and spelling commands; null for other commands.
+    PLCommandHandler *handlerOf(PLCommand command, int tag) const;
     void updateWordCount();
     void divideInHalf();
     void constrainDivider();
@@ -57,6 +64,8 @@ private:
     PLFormatBarView *m_formatBar;
     PLTagBarView *m_tagBar;
     PLPageTextView *m_textView;
+    std::unique_ptr<PLFindController> m_findController;
+    std::unique_ptr<PLSpellingController> m_spellingController;
     PLLivePreview *m_livePreview;
     QSplitter *m_splitView;
     bool m_isPreviewVisible = true;

@@ -21,7 +21,7 @@ bool splitsPair(const QString &text, qsizetype position)
 /// destroy.
 PLTextRange withWholePairs(const QString &text, PLTextRange range)
 {
-    const qsizetype start = range.location - (splitsPair(text, range.location) ? 1 : 0);
+    const qsizetype start = range.position - (splitsPair(text, range.position) ? 1 : 0);
     if (range.length == 0)
         return {start, 0};
     const qsizetype end = range.end() + (splitsPair(text, range.end()) ? 1 : 0);

@@ -17,12 +17,12 @@ namespace {
 
 QStringView textIn(const QString &text, PLTextRange range)
 {
-    return QStringView(text).sliced(range.location, range.length);
+    return QStringView(text).sliced(range.position, range.length);
 }
 
 PLTextEdit wrapped(PLTextRange range, const QString &content, const QString &marker)
 {
-    return {range, marker + content + marker, {range.location + marker.size(), content.size()}};
+    return {range, marker + content + marker, {range.position + marker.size(), content.size()}};
 }
 
 /// The selection without the markers at its two ends, if it has both.
@@ -33,17 +33,17 @@ std::optional<PLTextEdit> unwrappedInside(const QString &text, PLTextRange selec
     if (length < 0 || !selected.startsWith(marker) || !selected.endsWith(marker))
         return std::nullopt;
     return PLTextEdit{
-        selection, selected.sliced(marker.size(), length).toString(), {selection.location, length}};
+        selection, selected.sliced(marker.size(), length).toString(), {selection.position, length}};
 }
 
 /// The selection without the markers just before and just after it, if both are there.
 std::optional<PLTextEdit> unwrappedOutside(const QString &text, PLTextRange selection, const QString &marker)
 {
-    const QStringView before = QStringView(text).first(selection.location);
+    const QStringView before = QStringView(text).first(selection.position);
     const QStringView after = QStringView(text).sliced(selection.end());
     if (!before.endsWith(marker) || !after.startsWith(marker))
         return std::nullopt;
-    const qsizetype start = selection.location - marker.size();
+    const qsizetype start = selection.position - marker.size();
     return PLTextEdit{{start, selection.length + 2 * marker.size()},
                       textIn(text, selection).toString(),
                       {start, selection.length}};
@@ -66,18 +66,18 @@ PLTextRange trimmed(const QString &text, PLTextRange range)
     const QStringView whole = textIn(text, range);
     const QStringView kept = PLTrimmedSpacesAndNewlines(whole);
     if (kept.isEmpty())
-        return {range.location, 0};
+        return {range.position, 0};
     const qsizetype skipped = kept.data() - whole.data();
     const qsizetype start = skipped - (isInsideCharacter(whole, skipped) ? 1 : 0);
-    return {range.location + start, skipped - start + kept.size()};
+    return {range.position + start, skipped - start + kept.size()};
 }
 
 /// From the start of the line that holds the start of the range to the end of the one that holds its last
 /// character, line feed included: a selection that ends after a line feed does not reach into the next line.
 PLTextRange lineRangeForRange(const QString &text, PLTextRange range)
 {
-    const qsizetype start = range.location == 0 ? 0 : text.lastIndexOf(u'\n', range.location - 1) + 1;
-    const qsizetype last = range.length == 0 ? range.location : range.end() - 1;
+    const qsizetype start = range.position == 0 ? 0 : text.lastIndexOf(u'\n', range.position - 1) + 1;
+    const qsizetype last = range.length == 0 ? range.position : range.end() - 1;
     const qsizetype lineFeed = text.indexOf(u'\n', last);
     return {start, (lineFeed < 0 ? text.size() : lineFeed + 1) - start};
 }
@@ -192,10 +192,10 @@ PLTextEdit PLFormatting::formatNumberedList(const QString &text, PLTextRange sel
 
 PLTextEdit PLFormatting::formatSeparator(const QString &text, PLTextRange selection)
 {
-    const qsizetype location = selection.location;
-    const QString afterText = location > 0 && text[location - 1] == u'\n' ? u"\n"_s : u"\n\n"_s;
-    const QString string = PLFormat(u"%@* * *\n\n"_s, {location == 0 ? u""_s : afterText});
-    return {selection, string, {location + string.size(), 0}};
+    const qsizetype position = selection.position;
+    const QString afterText = position > 0 && text[position - 1] == u'\n' ? u"\n"_s : u"\n\n"_s;
+    const QString string = PLFormat(u"%@* * *\n\n"_s, {position == 0 ? u""_s : afterText});
+    return {selection, string, {position + string.size(), 0}};
 }
 
 PLTextEdit PLFormatting::formatLink(const QString &text, PLTextRange selection)
@@ -203,7 +203,7 @@ PLTextEdit PLFormatting::formatLink(const QString &text, PLTextRange selection)
     const bool isCaret = selection.length == 0;
     const QString linkText =
         isCaret ? PLLocalizedString(u"texte du lien"_s) : textIn(text, selection).toString();
-    const PLTextRange linkTextRange{selection.location + 1, linkText.size()};
+    const PLTextRange linkTextRange{selection.position + 1, linkText.size()};
     const PLTextRange addressRange{linkTextRange.end() + 2, u"http://"_s.size()};
     return {selection, PLFormat(u"[%@](http://)"_s, {linkText}), isCaret ? linkTextRange : addressRange};
 }
@@ -233,9 +233,9 @@ PLTextEdit PLFormatting::transformSelectedLines(const QString &text, PLTextRange
     selected.chop(lastLineFeed.size());
     const QString result = transformation(selected.split(u'\n'));
     if (selection.length > 0)
-        return {lines, result + lastLineFeed, {lines.location, result.size()}};
+        return {lines, result + lastLineFeed, {lines.position, result.size()}};
     const qsizetype lineFeed = result.indexOf(u'\n');
-    return {lines, result + lastLineFeed, {lines.location + (lineFeed < 0 ? result.size() : lineFeed), 0}};
+    return {lines, result + lastLineFeed, {lines.position + (lineFeed < 0 ? result.size() : lineFeed), 0}};
 }
 
 PLTextEdit PLFormatting::toggleLinePrefixMatching(const QString &text, PLTextRange selection,

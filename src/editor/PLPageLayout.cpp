@@ -3,9 +3,10 @@
 
 #include "editor/PLPageLayout.h"
 
+#include "editor/PLLineSpacing.h"
+
 #include <QElapsedTimer>
 #include <QFontMetricsF>
-#include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr int largestColumnWidth = 720;
 constexpr int smallestInset = 44;
-constexpr double lineHeightMultiple = 1.3;
 constexpr double tallestView = 2000; // points
 constexpr int smallChange = 64;      ///< paragraphs that are laid out as soon as they change
 
@@ -27,28 +27,11 @@ QTextOption pageTextOption()
     return option;
 }
 
-/// The height of a line with its spacing, in whole points so that every line is equally sharp.
-double spacedHeight(double naturalHeight)
-{
-    return std::round(naturalHeight * lineHeightMultiple);
-}
-
-/// The spacing above the text of a line; the rest of it is below.
-double spaceAbove(double naturalHeight)
-{
-    return std::floor((spacedHeight(naturalHeight) - naturalHeight) / 2);
-}
-
-double topOfLine(const QTextLine &line)
-{
-    return line.y() - spaceAbove(line.height());
-}
-
 /// The last line that begins at or above this height within its block.
 QTextLine lineAtHeight(const QTextLayout &layout, double y)
 {
     int number = layout.lineCount() - 1;
-    while (number > 0 && topOfLine(layout.lineAt(number)) > y)
+    while (number > 0 && PLTopOfLine(layout.lineAt(number)) > y)
         --number;
     return layout.lineAt(number);
 }
@@ -59,7 +42,7 @@ class BlockEstimate final
 public:
     BlockEstimate(const QFont &font, int columnWidth)
         : m_charactersPerLine(qMax(1.0, columnWidth / QFontMetricsF(font).averageCharWidth()))
-        , m_lineHeight(spacedHeight(std::ceil(QFontMetricsF(font).height())))
+        , m_lineHeight(PLSpacedHeight(std::ceil(QFontMetricsF(font).height())))
     {
     }
 
@@ -72,20 +55,6 @@ private:
     double m_charactersPerLine;
     double m_lineHeight;
 };
-
-/// The parts of the selections that lie in this block, in the block's own positions.
-QList<QTextLayout::FormatRange> rangesInBlock(const QTextBlock &block,
-                                              const QList<QAbstractTextDocumentLayout::Selection> &selections)
-{
-    QList<QTextLayout::FormatRange> ranges;
-    for (const QAbstractTextDocumentLayout::Selection &selection : selections) {
-        const int start = qMax(0, selection.cursor.selectionStart() - block.position());
-        const int end = qMin(block.length(), selection.cursor.selectionEnd() - block.position());
-        if (start < end)
-            ranges.append({start, end - start, selection.format});
-    }
-    return ranges;
-}
 
 } // namespace
 
@@ -109,18 +78,6 @@ PLPageLayout::Progress PLPageLayout::layOutMore(int milliseconds, double anchor)
     }
     tellSize();
     return {block.isValid(), m_heights.top(anchored) - before};
-}
-
-void PLPageLayout::draw(QPainter *painter, const PaintContext &context)
-{
-    const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
-    QTextBlock block = document()->findBlockByNumber(int(m_heights.indexAt(clip.top() - VerticalInset)));
-    double top = topOfBlock(block.blockNumber());
-    for (; block.isValid() && top < clip.bottom(); block = block.next()) {
-        ensureLaidOut(block);
-        drawBlock(painter, block, QPointF(m_inset, top), context);
-        top += m_heights.height(size_t(block.blockNumber()));
-    }
 }
 
 int PLPageLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const
@@ -269,8 +226,8 @@ double PLPageLayout::layOutLines(const QTextBlock &block) const
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
         line.setLeadingIncluded(true);
         line.setLineWidth(m_columnWidth);
-        line.setPosition(QPointF(0, height + spaceAbove(line.height())));
-        height += spacedHeight(line.height());
+        line.setPosition(QPointF(0, height + PLSpaceAbove(line.height())));
+        height += PLSpacedHeight(line.height());
     }
     layout->endLayout();
     const_cast<QTextBlock &>(block).setLineCount(layout->lineCount());
@@ -290,18 +247,4 @@ void PLPageLayout::tellSize()
         return;
     m_toldSize = size;
     Q_EMIT documentSizeChanged(size);
-}
-
-void PLPageLayout::drawBlock(QPainter *painter, const QTextBlock &block, const QPointF &position,
-                             const PaintContext &context) const
-{
-    const QTextLayout *layout = block.layout();
-    painter->setPen(context.palette.color(QPalette::Text));
-    layout->draw(painter, position, rangesInBlock(block, context.selections), context.clip);
-    int cursor = context.cursorPosition - block.position();
-    const bool isComposing = context.cursorPosition < -1 && !layout->preeditAreaText().isEmpty();
-    if (isComposing) // counted down from -2, from where the input method's text begins
-        cursor = layout->preeditAreaPosition() - (context.cursorPosition + 2);
-    if (isComposing || (cursor >= 0 && cursor < block.length()))
-        layout->drawCursor(painter, position, cursor);
 }

@@ -54,9 +54,9 @@ void PLPageTextView::replaceRange(PLTextRange range, const QString &string, PLTe
     if (isReadOnly())
         return;
     const PLSelectionEnds before = selectionEnds();
-    const PLSelectionEnds after{int(selecting.location), int(selecting.end())};
+    const PLSelectionEnds after{int(selecting.position), int(selecting.end())};
     QTextCursor cursor(document());
-    cursor.setPosition(int(range.location));
+    cursor.setPosition(int(range.position));
     cursor.setPosition(int(range.end()), QTextCursor::KeepAnchor);
     if (pageTextOf(cursor) != string) {
         cursor.beginEditBlock();
@@ -66,6 +66,14 @@ void PLPageTextView::replaceRange(PLTextRange range, const QString &string, PLTe
     }
     select(after);
     setFocus();
+}
+
+void PLPageTextView::replaceText(PLTextRange range, const QString &string)
+{
+    QTextCursor cursor(document());
+    cursor.setPosition(int(range.position));
+    cursor.setPosition(int(range.end()), QTextCursor::KeepAnchor);
+    replaceSelection(cursor, string);
 }
 
 void PLPageTextView::undo()

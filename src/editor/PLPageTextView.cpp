@@ -5,9 +5,12 @@
 
 #include "editor/PLPageDocument.h"
 #include "editor/PLPageLayout.h"
+#include "i18n/PLLocalization.h"
 #include "theme/PLTheme.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
@@ -121,6 +124,27 @@ void PLPageTextView::keyPressEvent(QKeyEvent *event)
     if (!isReadOnly() && m_characters->encoded(text) != text)
         return insertPageText(text);
     QTextEdit::keyPressEvent(event);
+}
+
+/// Our own commands in the interface language: the toolkit's would go past our undo.
+void PLPageTextView::contextMenuEvent(QContextMenuEvent *event)
+{
+    QMenu menu(this);
+    const auto add = [this, &menu](const QString &title, PLCommand command) {
+        menu.addAction(title, this, [this, command] { performCommand(command, 0); })
+            ->setEnabled(stateOfCommand(command, 0)->enabled);
+    };
+    add(PLLocalizedString(u"Couper"_s), PLCommand::Cut);
+    add(PLLocalizedString(u"Copier"_s), PLCommand::Copy);
+    add(PLLocalizedString(u"Coller"_s), PLCommand::Paste);
+    menu.addSeparator();
+    add(PLLocalizedString(u"Tout sélectionner"_s), PLCommand::SelectAll);
+    const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QPoint place =
+        isByMouse ? viewport()->mapFromGlobal(event->globalPos()) : cursorRect().bottomLeft();
+    Q_EMIT contextMenuWillOpen(&menu,
+                               isByMouse ? cursorForPosition(place).position() : textCursor().position());
+    menu.exec(viewport()->mapToGlobal(place));
 }
 
 void PLPageTextView::inputMethodEvent(QInputMethodEvent *event)

@@ -42,6 +42,8 @@ public:
     /// back both the text and the selection. Does nothing if the page cannot be edited; a string that is
     /// there already is no change.
     void replaceRange(PLTextRange range, const QString &string, PLTextRange selecting);
+    /// Puts the string in place of the range, as one undo step; the focus stays where it is.
+    void replaceText(PLTextRange range, const QString &string);
     /// For the undo history: what to select when the step that is being undone or redone is over.
     void restoreAfterStep(PLSelectionEnds ends);
 
@@ -61,8 +63,11 @@ public:
 Q_SIGNALS:
     /// The writer has changed the text; loading a page does not count.
     void textDidChange();
+    /// A context menu is about to be shown for this position of the page; more can be added at its top.
+    void contextMenuWillOpen(QMenu *menu, int position);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

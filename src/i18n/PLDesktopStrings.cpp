@@ -47,6 +47,33 @@ constexpr PLStringPair pairs[] = {
     {u"Tags proposés", u"Suggested tags"},
     {u"Supprimer le tag", u"Delete Tag"},
     {u"Modifier le tag", u"Edit Tag"},
+    // Finding
+    {u"Rechercher :", u"Find:"},
+    {u"Remplacer par :", u"Replace with:"},
+    {u"Ignorer la casse", u"Ignore Case"},
+    {u"Mots entiers", u"Whole Words"},
+    {u"Remplacer", u"Replace"},
+    {u"Remplacer et rechercher", u"Replace and Find"},
+    {u"Tout remplacer", u"Replace All"},
+    {u"Introuvable", u"Not found"},
+    {u"%@ occurrence", u"%@ match"},
+    {u"%@ occurrences", u"%@ matches"},
+    {u"%@ sur %@", u"%@ of %@"},
+    {u"%@ (retour au début)", u"%@ (back at the start)"},
+    {u"%@ (retour à la fin)", u"%@ (back at the end)"},
+    {u"%@ occurrence remplacée", u"%@ match replaced"},
+    {u"%@ occurrences remplacées", u"%@ matches replaced"},
+    // Spelling
+    {u"Mot inconnu :", u"Unknown word:"},
+    {u"Suggestions :", u"Suggestions:"},
+    {u"Aucune suggestion", u"No Suggestions"},
+    {u"Corriger", u"Change"},
+    {u"Mot suivant", u"Next Word"},
+    {u"Ignorer", u"Ignore"},
+    {u"Apprendre", u"Learn"},
+    {u"Aucun mot inconnu.", u"No unknown words."},
+    {u"La vérification a repris au début du texte.", u"The check went on from the start of the text."},
+    {u"Le dictionnaire de cette langue n'est pas installé. Installez le paquet « %@ », puis rouvrez Aquilane.", u"The dictionary of this language is not installed. Install the package “%@”, then reopen Aquilane."},
 };
 // clang-format on
 

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
@@ -24,6 +25,8 @@ namespace {
 
 constexpr QSize contentSize(900, 640);
 constexpr QSize smallestSize(560, 440);
+constexpr int rowHeight = 52;
+constexpr int buttonWidth = 150;
 
 QString textOfBook(const PLShelfBook &book)
 {
@@ -36,6 +39,8 @@ QListWidgetItem *itemForBook(const PLShelfBook &book)
 {
     auto *item = new QListWidgetItem(textOfBook(book));
     item->setToolTip(PLStandardizedPath(book.url));
+    item->setSizeHint(QSize(0, rowHeight));
+    item->setTextAlignment(Qt::AlignVCenter | Qt::AlignLeft);
     if (!book.available)
         item->setForeground(PLTheme::faintInkColor());
     return item;
@@ -80,6 +85,7 @@ void PLLibraryWindowController::reload()
             row = int(index);
     }
     m_listView->setCurrentRow(row);
+    m_emptyLabel->setVisible(m_books.empty());
     updateButtons();
 }
 
@@ -170,7 +176,7 @@ void PLLibraryWindowController::buildList()
     m_listView->setAccessibleName(PLLocalizedString(u"Ma bibliothèque"_s));
     m_listView->setFrameShape(QFrame::NoFrame);
     m_listView->setFont(PLTheme::sidebarFont());
-    m_listView->setSpacing(6);
+    m_listView->setContentsMargins(16, 8, 16, 8);
     m_listView->setContextMenuPolicy(Qt::CustomContextMenu);
     m_listView->installEventFilter(this);
     QPalette colors = m_listView->palette();
@@ -178,7 +184,13 @@ void PLLibraryWindowController::buildList()
     colors.setColor(QPalette::Text, PLTheme::inkColor());
     colors.setColor(QPalette::Highlight, PLTheme::coverColor());
     colors.setColor(QPalette::HighlightedText, PLTheme::inkColor());
+    colors.setColor(QPalette::WindowText, PLTheme::faintInkColor());
     m_listView->setPalette(colors);
+    m_emptyLabel = new QLabel(PLLocalizedString(
+        u"Votre bibliothèque est vide.\nCréez un premier carnet pour commencer à écrire."_s));
+    m_emptyLabel->setAlignment(Qt::AlignCenter);
+    auto *overlay = new QVBoxLayout(m_listView->viewport());
+    overlay->addWidget(m_emptyLabel);
     connect(m_listView, &QListWidget::itemActivated, this, &PLLibraryWindowController::openSelected);
     connect(m_listView, &QListWidget::currentRowChanged, this, &PLLibraryWindowController::updateButtons);
     connect(m_listView, &QWidget::customContextMenuRequested, this,
@@ -188,6 +200,10 @@ void PLLibraryWindowController::buildList()
 QWidget *PLLibraryWindowController::buildButtons()
 {
     auto *bar = new QWidget;
+    QPalette colors = bar->palette();
+    colors.setColor(QPalette::Window, PLTheme::coverColor());
+    bar->setPalette(colors);
+    bar->setAutoFillBackground(true);
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(16, 10, 16, 10);
     layout->addWidget(
@@ -204,6 +220,7 @@ QPushButton *PLLibraryWindowController::buttonWithTitle(const QString &title,
                                                         void (PLLibraryWindowController::*action)())
 {
     auto *button = new QPushButton(title);
+    button->setMinimumWidth(buttonWidth);
     connect(button, &QPushButton::clicked, this, action);
     return button;
 }

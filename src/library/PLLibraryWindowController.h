@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -74,5 +75,6 @@ private:
     std::unique_ptr<PLWindow> m_window;
     std::vector<PLShelfBook> m_books;
     QListWidget *m_listView = nullptr;
+    QLabel *m_emptyLabel = nullptr;
     QPushButton *m_openButton = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "notebook_window/PLProjectWindowController.h"
 
 #include "editor/PLEditorView.h"
+#include "editor/PLPageTextView.h"
 #include "editor/PLTagField.h"
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
@@ -20,6 +21,7 @@
 #include "theme/PLTheme.h"
 
 #include <QApplication>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -217,6 +219,8 @@ void PLProjectWindowController::connectParts()
             &PLProjectWindowController::updateWindowTitle);
     connectSidebar();
     connectTagField();
+    auto *paneKey = new QShortcut(QKeySequence(Qt::Key_F6), m_window.get());
+    connect(paneKey, &QShortcut::activated, this, &PLProjectWindowController::switchPane);
 }
 
 void PLProjectWindowController::connectSidebar()
@@ -254,6 +258,15 @@ void PLProjectWindowController::connectTagField()
     connect(m_tagCompletion.get(), &PLTagCompletion::tagsAdded, m_session.get(),
             &PLPageSession::contentDidChange);
     connect(field, &PLTagField::didEndEditing, this, &PLProjectWindowController::tagsDidChange);
+}
+
+/// From the text to the sidebar, and from anywhere else to the text.
+void PLProjectWindowController::switchPane()
+{
+    if (m_editorView->textView()->hasFocus() || m_editorView->isHidden())
+        m_sidebar->view()->setFocus();
+    else
+        m_editorView->textView()->setFocus();
 }
 
 void PLProjectWindowController::selectionChanged()

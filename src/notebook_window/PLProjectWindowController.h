@@ -71,6 +71,7 @@ private:
     void connectParts();
     void connectSidebar();
     void connectTagField();
+    void switchPane();
 
     void selectionChanged();
     void openSelectedItem(const PLProjectItemPointer &item);

@@ -22,7 +22,7 @@ void load(PLPageTextView &view, const PLMarkedText &marked)
 {
     view.setPageText(marked.text);
     QTextCursor cursor = view.textCursor();
-    cursor.setPosition(int(marked.selection.location));
+    cursor.setPosition(int(marked.selection.position));
     cursor.setPosition(int(marked.selection.end()), QTextCursor::KeepAnchor);
     view.setTextCursor(cursor);
 }
@@ -308,7 +308,7 @@ void PLFormatCommandsTest::theSelectionIsScrolledIntoView()
 
     PLPerformFormatCommand(view, FormatQuote);
 
-    QCOMPARE(view.selectedRange().location, 2000);
+    QCOMPARE(view.selectedRange().position, 2000);
     QVERIFY(view.viewport()->rect().contains(view.cursorRect()));
 }
 

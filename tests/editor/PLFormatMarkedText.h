@@ -29,20 +29,20 @@ struct PLMarkedText
     {
         QString marked = text;
         if (selection.length == 0)
-            return marked.insert(selection.location, u'¦');
-        return marked.insert(selection.end(), u'⟧').insert(selection.location, u'⟦');
+            return marked.insert(selection.position, u'¦');
+        return marked.insert(selection.end(), u'⟧').insert(selection.position, u'⟦');
     }
 
     bool contains(PLTextRange range) const
     {
-        return range.location >= 0 && range.length >= 0 && range.end() <= text.size();
+        return range.position >= 0 && range.length >= 0 && range.end() <= text.size();
     }
 
     /// The text after an edit, with what is selected then.
     PLMarkedText after(const PLTextEdit &edit) const
     {
         QString edited = text;
-        edited.replace(edit.range.location, edit.range.length, edit.string);
+        edited.replace(edit.range.position, edit.range.length, edit.string);
         return {edited, edit.selecting};
     }
 
@@ -65,8 +65,8 @@ struct PLMarkedText
         QString text;
         for (int count = random.bounded(24); count > 0; --count)
             text += pieces[random.bounded(pieces.size())];
-        const int location = random.bounded(int(text.size()) + 1);
-        const int length = random.bounded(3) == 0 ? 0 : random.bounded(int(text.size()) - location + 1);
-        return {text, {location, length}};
+        const int position = random.bounded(int(text.size()) + 1);
+        const int length = random.bounded(3) == 0 ? 0 : random.bounded(int(text.size()) - position + 1);
+        return {text, {position, length}};
     }
 };

@@ -309,8 +309,8 @@ void PLFormattingTest::addingMarkersTwiceGivesTheTextBack()
             QCOMPARE(left, marked.text);
         else
             QCOMPARE(left, QString(marked.text)
-                               .insert(marked.selection.location,
-                                       once.text.sliced(first->selecting.location, first->selecting.length)));
+                               .insert(marked.selection.position,
+                                       once.text.sliced(first->selecting.position, first->selecting.length)));
         ++added;
     }
     QVERIFY(added > 5000);
@@ -326,9 +326,9 @@ void PLFormattingTest::aLineCommandLeavesTheOtherLinesAlone()
         const auto command = PLCommand(int(FormatHeading) + random.bounded(4));
         const auto edit = PLEditForFormatCommand(marked.text, marked.selection, command, 2);
         QVERIFY(edit);
-        const qsizetype start = edit->range.location;
+        const qsizetype start = edit->range.position;
         const qsizetype end = edit->range.end();
-        QVERIFY(start <= marked.selection.location && end >= marked.selection.end());
+        QVERIFY(start <= marked.selection.position && end >= marked.selection.end());
         QVERIFY(start == 0 || marked.text[start - 1] == u'\n');
         QVERIFY(end == marked.text.size() || marked.text[end - 1] == u'\n');
         QCOMPARE(edit->string.count(u'\n'), marked.text.sliced(start, end - start).count(u'\n'));

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void aKeyRepaintsItsParagraphOnly();
     void theSizeIsToldWhenItChanges();
     void whatIsDrawnIsTheTextAndTheCaret();
+    void aSelectionHasNoStripes();
 };
 
 void PLPageLayoutTest::theColumnIsCentredWithALeastMargin_data()
@@ -254,6 +255,28 @@ void PLPageLayoutTest::whatIsDrawnIsTheTextAndTheCaret()
     QCOMPARE(drawn(4).copy(0, 0, 900, secondLine), text.copy(0, 0, 900, secondLine));
     QVERIFY(drawn(4) != text);
     QCOMPARE(text.copy(0, 0, page.layout->horizontalInset() - 1, 200).allGray(), true);
+}
+
+void PLPageLayoutTest::aSelectionHasNoStripes()
+{
+    Page page(u"    m\n\n    m"_s);
+    QAbstractTextDocumentLayout::Selection selection;
+    selection.cursor = QTextCursor(&page.document);
+    selection.cursor.select(QTextCursor::Document);
+    selection.format.setBackground(Qt::red);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.selections = {selection};
+    QImage image(900, 200, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    page.layout->draw(&painter, context);
+
+    const int x = page.layout->horizontalInset() + 1;
+    int reds = 0;
+    for (int y = 32; y < int(page.layout->documentSize().height()) - 32; ++y)
+        reds += image.pixelColor(x, y) == QColor(Qt::red);
+    QCOMPARE(reds, int(page.layout->documentSize().height()) - 64);
+    QCOMPARE(image.pixelColor(x, 30), QColor(Qt::white));
 }
 
 QTEST_MAIN(PLPageLayoutTest)

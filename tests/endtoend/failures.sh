@@ -97,7 +97,7 @@ closing_anyway_drops_the_change() {
 make_notebook
 start "$notebook"
 expect_title "Le phare — Le départ"
-press Tab
+press F6
 closing_asks_twice_and_stays
 the_text_is_saved_when_the_folder_is_back
 a_file_in_the_place_of_the_folder_is_no_different

@@ -19,7 +19,7 @@ saves_a_dirty_page_on() {
     cp -a "$kept/$page" "$notebook/$page"
     start "$notebook"
     expect_title "Le phare — Le départ"
-    press Tab
+    press F6
     write é
     expect_title "Le phare — Le départ*"
     kill -"$signal" "$pid"
@@ -32,7 +32,7 @@ ends_without_a_question() {
     cp -a "$kept/$page" "$notebook/$page"
     start "$notebook"
     expect_title "Le phare — Le départ"
-    press Tab
+    press F6
     write é
     expect_title "Le phare — Le départ*"
     mv "$notebook/Livre" "$work/Livre"
@@ -44,7 +44,7 @@ ends_without_a_question() {
 ends_behind_an_alert() {
     start "$notebook"
     expect_title "Le phare — Le départ"
-    press Tab
+    press F6
     write é
     expect_title "Le phare — Le départ*"
     mv "$notebook/Livre" "$work/Livre"

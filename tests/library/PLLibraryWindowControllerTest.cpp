@@ -9,6 +9,7 @@
 #include "support/PLTestEnvironment.h"
 #include "support/PLTestNotebook.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -85,6 +86,9 @@ void PLLibraryWindowControllerTest::anEmptyLibraryHasNothingToOpen()
 
     QCOMPARE(library.listView()->count(), 0);
     QVERIFY(!library.selectedBook());
+    const auto *label = library.listView()->findChild<QLabel *>();
+    QVERIFY(!label->isHidden());
+    QVERIFY(label->text().startsWith(u"Votre bibliothèque est vide."));
     QVERIFY(!buttonTitled(*library.window(), u"Ouvrir"_s)->isEnabled());
     QVERIFY(!library.stateOfCommand(PLCommand::RemoveSelected, 0)->enabled);
     library.openSelected();
@@ -102,6 +106,7 @@ void PLLibraryWindowControllerTest::booksAreListedMostRecentFirst()
     PLLibraryWindowController library(m_delegate);
 
     QCOMPARE(library.listView()->count(), 2);
+    QVERIFY(library.listView()->findChild<QLabel *>()->isHidden());
     QCOMPARE(library.listView()->item(0)->text(), u"Roman"_s); // no title: the folder's name
     QCOMPARE(library.listView()->item(1)->text(), u"Premier\nJeanne Martin"_s);
     QCOMPARE(library.listView()->currentRow(), 0);

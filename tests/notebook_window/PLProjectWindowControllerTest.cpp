@@ -52,6 +52,7 @@ private Q_SLOTS:
     void pagesFromOutsideAppearWhenTheWindowBecomesKey();
     void aTypedTagIsSavedAndListed();
     void closingAsksIfThePageCannotBeSaved();
+    void aKeyGoesFromTheTextToTheSidebarAndBack();
     void theWindowHasItsSizes();
     void commandsAreEnabledByWhatIsSelected();
     void aBracketedTitleIsShownAsItIs();
@@ -393,6 +394,23 @@ void PLProjectWindowControllerTest::closingAsksIfThePageCannotBeSaved()
     QCOMPARE(closed.count(), 1);
     window.notebook.showSection(u"Livre"_s);
     QCOMPARE(window.notebook.read(u"Livre/1 - A.md"_s), u"texte"_s);
+}
+
+void PLProjectWindowControllerTest::aKeyGoesFromTheTextToTheSidebarAndBack()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    QWidget *frame = window.controller->window();
+    window.textView()->setFocus();
+
+    QTest::keyClick(frame, Qt::Key_F6);
+    QCOMPARE(frame->focusWidget(), window.sidebar().view());
+    QTest::keyClick(frame, Qt::Key_F6);
+    QCOMPARE(frame->focusWidget(), window.textView());
+    window.sidebar().selectSidebarObject(window.sidebar().tree().section(PLSection::Book));
+    QTest::keyClick(frame, Qt::Key_F6);
+    QCOMPARE(frame->focusWidget(), window.sidebar().view());
 }
 
 void PLProjectWindowControllerTest::theWindowHasItsSizes()

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/PLTextPanel.h"
+
+#include "platform/PLWindow.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+
+namespace {
+
+constexpr int cornerDistance = 24;
+
+} // namespace
+
+PLTextPanel::PLTextPanel(PLTextTarget *target, QWidget *view) : QWidget(view, Qt::Tool), m_target(target) {}
+
+std::optional<PLCommandState> PLTextPanel::stateOfCommand(PLCommand command, int tag) const
+{
+    if (command == PLCommand::PerformClose)
+        return PLCommandState{};
+    const PLCommandHandler *handler = nextHandler(command, tag);
+    return handler ? handler->stateOfCommand(command, tag) : std::nullopt;
+}
+
+void PLTextPanel::performCommand(PLCommand command, int tag)
+{
+    if (command == PLCommand::PerformClose) {
+        close();
+        return;
+    }
+    if (PLCommandHandler *handler = nextHandler(command, tag))
+        handler->performCommand(command, tag);
+}
+
+void PLTextPanel::present(bool takesFocus)
+{
+    setAttribute(Qt::WA_ShowWithoutActivating, !takesFocus);
+    if (!m_isPlaced)
+        place();
+    show();
+    raise();
+    if (!takesFocus)
+        return;
+    activateWindow();
+    firstField()->setFocus();
+}
+
+void PLTextPanel::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Escape) {
+        close();
+    } else if (auto *button = qobject_cast<QPushButton *>(focusWidget()); isReturn && button) {
+        button->click();
+    } else if (isReturn) {
+        performDefault(event->modifiers().testFlag(Qt::ShiftModifier));
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void PLTextPanel::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    m_target->takeFocus();
+    Q_EMIT didClose();
+}
+
+/// The chain that a command goes along from the text, not from the panel.
+PLCommandHandler *PLTextPanel::nextHandler(PLCommand command, int tag) const
+{
+    const auto knows = [&](PLCommandHandler *handler) {
+        return handler && handler->stateOfCommand(command, tag);
+    };
+    for (QWidget *widget = parentWidget(); widget; widget = widget->parentWidget()) {
+        if (auto *handler = dynamic_cast<PLCommandHandler *>(widget); knows(handler))
+            return handler;
+    }
+    const auto *window = qobject_cast<PLWindow *>(parentWidget()->window());
+    return window && knows(window->controller()) ? window->controller() : nullptr;
+}
+
+void PLTextPanel::place()
+{
+    m_isPlaced = true;
+    adjustSize();
+    const QRect window = parentWidget()->window()->frameGeometry();
+    move(window.right() - width() - cornerDistance, window.top() + 3 * cornerDistance);
+}

@@ -169,20 +169,20 @@ qsizetype PLHTMLWriter::appendEscapedUntilBackquote(QStringView text, unsigned *
             const Action action = actionOf(units[position]);
             if (action == MeetBackquote)
                 return position;
-            if (action == WriteEntity) {
-                appendEntity(units[position]);
-                makeRoom(text.size() - position);
-                continue;
-            }
             const bool isDouble = position > 0 && units[position - 1] == units[position];
-            *marks |= unsigned(action & AllNotes) * (isDouble ? 0x11 : 1);
-            m_units[m_size++] = units[position];
+            const unsigned noted = action == WriteEntity ? 0 : unsigned(action & AllNotes);
+            *marks |= noted * (isDouble ? 0x11 : 1);
+            if (action != WriteEntity)
+                m_units[m_size++] = units[position];
+            else
+                appendEntity(units[position], text.size() - position);
         }
     }
     return position;
 }
 
-void PLHTMLWriter::appendEntity(char16_t unit)
+/// Leaves room for so many units more.
+void PLHTMLWriter::appendEntity(char16_t unit, qsizetype following)
 {
     if (unit == u'&')
         append(u"&amp;");
@@ -192,6 +192,7 @@ void PLHTMLWriter::appendEntity(char16_t unit)
         append(u"&gt;");
     else
         append(u"&quot;");
+    makeRoom(following);
 }
 
 QString PLHTMLWriter::take()

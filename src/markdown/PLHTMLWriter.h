@@ -64,7 +64,7 @@ private:
             grow(more);
     }
     void grow(qsizetype more);
-    void appendEntity(char16_t unit);
+    void appendEntity(char16_t unit, qsizetype following);
 
     QString m_text;
     char16_t *m_units = nullptr; ///< m_text's

@@ -263,7 +263,7 @@ void PLProjectWindowController::connectTagField()
 /// From the text to the sidebar, and from anywhere else to the text.
 void PLProjectWindowController::switchPane()
 {
-    if (m_editorView->textView()->hasFocus() || m_editorView->isHidden())
+    if (m_window->focusWidget() == m_editorView->textView() || m_editorView->isHidden())
         m_sidebar->view()->setFocus();
     else
         m_editorView->textView()->setFocus();

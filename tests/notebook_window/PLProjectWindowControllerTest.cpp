@@ -402,6 +402,7 @@ void PLProjectWindowControllerTest::aKeyGoesFromTheTextToTheSidebarAndBack()
     window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
     window.open();
     QWidget *frame = window.controller->window();
+    QVERIFY(QTest::qWaitForWindowActive(frame)); // shortcuts are for the active window
     window.textView()->setFocus();
 
     QTest::keyClick(frame, Qt::Key_F6);

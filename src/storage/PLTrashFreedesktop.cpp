@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Aquilane authors
 // SPDX-License-Identifier: MIT
 //
-// The trash of Linux desktops, as the freedesktop.org trash specification 1.0 has it.
+// The trash of Linux desktops, as the freedesktop.org trash rules, version 1.0, have it.
 
 #include "storage/PLFiles.h"
 #include "storage/PLTrash.h"

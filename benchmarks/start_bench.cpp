@@ -12,6 +12,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <span>
+
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -81,41 +84,54 @@ bool report(const Contestant &ours, const Contestant &bare)
     return time <= largestTimeRatio && memory <= largestMemoryRatio;
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+/// Starts each in turn, `runs` times after a first time that fills the cache and does not count.
+void startByTurns(std::span<Contestant> contestants, int runs, const fs::path &config)
 {
-    const int runs = std::max(leastRuns, argc > 1 ? std::atoi(argv[1]) : leastRuns);
+    StartWatch watch;
+    for (int run = -1; run < runs; ++run) {
+        for (Contestant &contestant : contestants) {
+            fs::remove_all(config); // an empty library each time
+            const StartCost cost = watch.start(contestant.command);
+            if (run < 0)
+                continue;
+            contestant.times.push_back(cost.milliseconds);
+            contestant.memory.push_back(cost.kibibytes);
+        }
+    }
+}
+
+int measure(const fs::path &folder, int runs)
+{
     const fs::path programs = fs::read_symlink("/proc/self/exe").parent_path();
-    char pattern[] = "/tmp/start_bench.XXXXXX";
-    if (!mkdtemp(pattern))
-        giveUp("there is no room for temporary files");
-    const fs::path folder = pattern;
-    makeHome(folder);
     const std::string program = programs / "aquilane";
     const std::string bareWindow = programs / "bare_window";
     Contestant contestants[] = {{"bare 900x640", {bareWindow, "900", "640"}},
                                 {"empty library", {program}},
                                 {"bare 1100x720", {bareWindow, "1100", "720"}},
                                 {"notebook of 30 pages", {program, makeNotebook(folder)}}};
-    {
-        StartWatch watch;
-        for (int run = -1; run < runs; ++run) { // the first fills the cache and does not count
-            for (Contestant &contestant : contestants) {
-                fs::remove_all(folder / "config");
-                const StartCost cost = watch.start(contestant.command);
-                if (run < 0)
-                    continue;
-                contestant.times.push_back(cost.milliseconds);
-                contestant.memory.push_back(cost.kibibytes);
-            }
-        }
-    }
-    fs::remove_all(folder);
+    makeHome(folder);
+    startByTurns(contestants, runs, folder / "config");
     std::printf(
         "medians of %d starts; at most %.1f times the time and %.1f times the memory for the library\n", runs,
         largestTimeRatio, largestMemoryRatio);
     const bool holds = report(contestants[1], contestants[0]);
     report(contestants[3], contestants[2]);
     return holds ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const int runs = std::max(leastRuns, argc > 1 ? std::atoi(argv[1]) : leastRuns);
+    const fs::path folder = fs::temp_directory_path() / ("start_bench." + std::to_string(getpid()));
+    int status = 1;
+    try {
+        status = measure(folder, runs);
+    } catch (const std::exception &failure) {
+        std::fprintf(stderr, "start_bench: %s\n", failure.what());
+    }
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+    return status;
 }

@@ -10,10 +10,12 @@
 #include <cstring>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 #include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -45,6 +47,7 @@ pid_t run(const std::vector<std::string> &command)
     const pid_t process = fork();
     if (process != 0)
         return process;
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     execvp(arguments[0], arguments.data());
     _exit(127);
 }
@@ -100,7 +103,7 @@ StartWatch::StartWatch()
     startServer();
     m_connection = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(m_connection))
-        giveUp("the X server does not answer");
+        throw std::runtime_error("the X server does not answer");
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
     const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &mask);
@@ -119,9 +122,10 @@ void StartWatch::startServer()
 {
     int ends[2];
     if (pipe(ends) != 0)
-        giveUp("there is no pipe to be had");
+        throw std::runtime_error("there is no pipe to be had");
     m_server = fork();
     if (m_server == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM); // however the benchmark ends
         dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
         const std::string descriptor = std::to_string(ends[1]);
         execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1400x900x24", "-noreset",
@@ -132,7 +136,7 @@ void StartWatch::startServer()
     char number[16] = {};
     pollfd ready = {ends[0], POLLIN, 0};
     if (poll(&ready, 1, 20000) != 1 || read(ends[0], number, sizeof number - 1) <= 0)
-        giveUp("Xvfb does not start; script/setup --bench installs it");
+        throw std::runtime_error("Xvfb does not start; script/setup --bench installs it");
     close(ends[0]);
     number[strcspn(number, "\n")] = '\0';
     setenv("DISPLAY", (std::string(":") + number).c_str(), 1);
@@ -168,7 +172,7 @@ void StartWatch::waitForPaintedWindow()
             return;
         std::this_thread::sleep_for(200us);
     }
-    giveUp("no window appeared");
+    throw std::runtime_error("no window appeared");
 }
 
 /// The screen is black, and no window of ours is, once it is painted.
@@ -187,10 +191,4 @@ bool StartWatch::isPainted(unsigned window)
         return false;
     const uint8_t *pixel = xcb_get_image_data(image.answer);
     return pixel[0] != 0 || pixel[1] != 0 || pixel[2] != 0;
-}
-
-void giveUp(const std::string &reason)
-{
-    std::fprintf(stderr, "start_bench: %s\n", reason.c_str());
-    std::exit(1);
 }

@@ -18,6 +18,7 @@ struct StartCost
 };
 
 /// An X server of its own, without a screen and without a window manager, and the programs started under it.
+/// Throws std::runtime_error when one of them is not as it has to be.
 class StartWatch final
 {
 public:
@@ -39,6 +40,3 @@ private:
     xcb_connection_t *m_connection = nullptr;
     unsigned m_root = 0;
 };
-
-/// Ends the benchmark: something is not as it has to be.
-[[noreturn]] void giveUp(const std::string &reason);

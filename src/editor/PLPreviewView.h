@@ -19,23 +19,29 @@ class PLPreviewView : public QObject
 public:
     using QObject::QObject;
 
-    /// The widget to put into the pane; it never takes the keyboard focus. Its parent owns it.
+    /// The widget to put into the pane; it never takes the keyboard focus. Its parent owns it, and it goes
+    /// with the view.
     virtual QWidget *widget() const = 0;
 
-    /// Loads a whole document; local pictures are relative to `baseURL`, a folder. didFinishLoad follows.
+    /// Loads a whole document of any size; local pictures are relative to `baseURL`, the page's folder, and
+    /// are shown if they are in its notebook. didFinishLoad follows; of several loads in a row, for the last
+    /// alone.
     virtual void loadDocument(const QString &html, const QUrl &baseURL) = 0;
     /// Replaces the inner HTML of the element "contenu" and keeps the scroll position; `contentMissing`
-    /// follows if there is no such element. Only after didFinishLoad.
+    /// follows if there is no such element. While a document is on its way, the fragment is its content.
     virtual void replaceContent(const QString &fragment) = 0;
-    /// Scrolls to a part of the scrollable height, from 0 at the top to 1 at the bottom.
+    /// Scrolls to a part of the scrollable height, from 0 at the top to 1 at the bottom, once what was asked
+    /// for before is done.
     virtual void scrollToRatio(double ratio) = 0;
 
 Q_SIGNALS:
-    /// The document is there, with its element "contenu".
+    /// The document is there, with its content.
     void didFinishLoad();
     /// The content could not be replaced in place, or the engine has died: the whole document must be loaded.
+    /// Not said again and again for a page that always kills the engine; the next replaceContent() is then
+    /// one more try.
     void contentMissing();
-    /// A link was clicked; the preview itself never goes anywhere.
+    /// A link of any scheme was clicked; the preview itself never goes anywhere.
     void linkClicked(const QUrl &url);
 };
 

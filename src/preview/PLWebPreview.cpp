@@ -29,7 +29,7 @@ PLWebPreview::PLWebPreview(QWidget *parent)
     , m_page(new PLPreviewPage(m_profile.get(), m_widget))
 {
     m_page->setBackgroundColor(PLTheme::paperColor()); // no white flash before the first page
-    m_widget->setPage(m_page);
+    static_cast<PLUnfocusedWebView *>(m_widget.data())->setPage(m_page);
     connect(m_page, &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
     connect(m_page, &PLPreviewPage::navigationRefused, this, &PLWebPreview::repeatLoad, Qt::QueuedConnection);
     connect(m_page, &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);

@@ -62,7 +62,7 @@ private:
     void askForDocument();
 
     std::shared_ptr<QWebEngineProfile> m_profile; // let go of after the page
-    QPointer<PLUnfocusedWebView> m_widget;
+    QPointer<QWidget> m_widget; ///< the view; the pane that it is shown in may delete it first
     PLPreviewPage *m_page;
 
     State m_state = State::Empty;

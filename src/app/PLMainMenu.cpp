@@ -3,6 +3,7 @@
 
 #include "app/PLMainMenu.h"
 
+#include "app/PLWindowList.h"
 #include "i18n/PLLocalization.h"
 
 #include <QMainWindow>
@@ -16,7 +17,7 @@ namespace {
 /// A line of the menu bar. A line with a title and neither command nor level opens a menu.
 struct MenuRow
 {
-    enum class Kind { Menu, Submenu, Item, Separator, EndSubmenu };
+    enum class Kind { Menu, Submenu, Item, Separator, EndSubmenu, WindowList };
 
     Kind kind;
     const char16_t *title = u"";
@@ -127,6 +128,7 @@ constexpr MenuRow rows[] = {
      QKeyCombination(Qt::ControlModifier | Qt::MetaModifier, Qt::Key_F).toCombined(), 0, Qt::Key_F11},
     separator,
     {Row::Item, u"Tout ramener au premier plan", ArrangeInFront},
+    {Row::WindowList},
 };
 
 /// The string table has "Annuler" for the buttons of alerts, where it is "Cancel".
@@ -156,8 +158,10 @@ void updateItems(const QMenu *menu)
 void enableItems(const QMenu *menu)
 {
     const QList<QAction *> actions = menu->actions();
-    for (QAction *action : actions)
-        action->setEnabled(true);
+    for (QAction *action : actions) {
+        if (action->data().isValid())
+            action->setEnabled(true);
+    }
 }
 
 void keepItemsUpToDate(QMenu *menu)
@@ -195,7 +199,11 @@ void PLInstallMainMenu(QMainWindow &window)
             parentMenu = std::exchange(menu, PLAddSubmenu(menu, titleOf(row)));
             break;
         case Row::EndSubmenu:
+            menu->menuAction()->setEnabled(!menu->isEmpty());
             menu = parentMenu;
+            break;
+        case Row::WindowList:
+            PLAddWindowList(menu);
             break;
         case Row::Item:
         case Row::Separator:

@@ -46,6 +46,9 @@ constexpr PLStringPair pairs[] = {
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // Names of parts of the window, for a screen reader
+    {u"Texte de la page", u"Text of the page"},
+    {u"Pages du carnet", u"Pages of the notebook"},
     // Tag field, for a screen reader
     {u"Tags proposés", u"Suggested tags"},
     {u"Supprimer le tag", u"Delete Tag"},

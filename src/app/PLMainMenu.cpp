@@ -103,9 +103,10 @@ constexpr MenuRow rows[] = {
     {Row::Item, u"Italique", FormatItalic, command(Qt::Key_I)},
     {Row::Item, u"Barré", FormatStrikethrough},
     separator,
-    {Row::Item, u"Titre 1", FormatHeading, command(Qt::Key_1), 1},
-    {Row::Item, u"Titre 2", FormatHeading, command(Qt::Key_2), 2},
-    {Row::Item, u"Titre 3", FormatHeading, command(Qt::Key_3), 3},
+    // The second keys are those of the digits on a French keyboard, where the digits need shift.
+    {Row::Item, u"Titre 1", FormatHeading, command(Qt::Key_1), 1, command(Qt::Key_Ampersand)},
+    {Row::Item, u"Titre 2", FormatHeading, command(Qt::Key_2), 2, command(Qt::Key_Eacute)},
+    {Row::Item, u"Titre 3", FormatHeading, command(Qt::Key_3), 3, command(Qt::Key_QuoteDbl)},
     separator,
     {Row::Item, u"Citation", FormatQuote, command(Qt::Key_Apostrophe)},
     {Row::Item, u"Liste à puces", FormatBulletList},

@@ -8,9 +8,28 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The name large and each sentence on a line of its own.
+void arrangeTexts(const QMessageBox &panel)
+{
+    auto *name = panel.findChild<QLabel *>(u"qt_msgbox_label"_s);
+    auto *sentences = panel.findChild<QLabel *>(u"qt_msgbox_informativelabel"_s);
+    if (!name || !sentences)
+        return;
+    QFont font = name->font();
+    font.setBold(true);
+    font.setPixelSize(18);
+    name->setFont(font);
+    sentences->setWordWrap(false);
+}
+
+} // namespace
 
 QWidget *PLMakeAboutPanel()
 {
@@ -23,6 +42,7 @@ QWidget *PLMakeAboutPanel()
         u"%1\n\n%2\n%3"_s.arg(PLLocalizedString(u"Un carnet d'écriture pour les Mac d'hier."_s),
                               PLDesktopString(u"© 2026 les auteurs d'Aquilane."_s),
                               PLDesktopString(u"Logiciel libre, sous licence MIT."_s)));
+    arrangeTexts(*panel);
     panel->addButton(PLLocalizedString(u"OK"_s), QMessageBox::AcceptRole);
     panel->setModal(false);
     return panel;

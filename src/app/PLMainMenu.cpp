@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -183,6 +184,14 @@ void addRow(QMenu *menu, const MenuRow &row)
         action->setShortcuts({QKeySequence(row.keys), QKeySequence(row.secondKeys)});
 }
 
+/// The key that opens the menu bar on most desktops; the toolkit itself knows only a tap of the Alt key.
+void openByKey(QMenuBar *bar)
+{
+    auto *shortcut = new QShortcut(Qt::Key_F10, bar->window());
+    QObject::connect(shortcut, &QShortcut::activated, bar,
+                     [bar] { bar->setActiveAction(bar->actions().constFirst()); });
+}
+
 } // namespace
 
 void PLInstallMainMenu(QMainWindow &window)
@@ -190,6 +199,7 @@ void PLInstallMainMenu(QMainWindow &window)
     QMenuBar *bar = window.menuBar();
     QMenu *menu = nullptr;
     QMenu *parentMenu = nullptr;
+    openByKey(bar);
     for (const MenuRow &row : rows) {
         switch (row.kind) {
         case Row::Menu:

@@ -172,6 +172,7 @@ private Q_SLOTS:
     void keysSendTheirCommand_data();
     void keysSendTheirCommand();
     void keysOfTheWindowMenuChangeTheWindow();
+    void aKeyOpensTheMenuBar();
     void anOpenMenuShowsHowItsCommandsStand();
     void aClosedMenuRefusesNoShortcut();
     void everyItemHasACommandOfItsOwn();
@@ -279,6 +280,19 @@ void PLMainMenuTest::keysOfTheWindowMenuChangeTheWindow()
     QVERIFY(window.isMaximized());
     QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
     QVERIFY(!window.isVisible());
+}
+
+void PLMainMenuTest::aKeyOpensTheMenuBar()
+{
+    PLWindow window(nullptr);
+    PLInstallMainMenu(window);
+    window.makeKeyAndOrderFront();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(&window, Qt::Key_F10);
+    QMenu *first = window.menuBar()->actions().constFirst()->menu();
+    QCOMPARE(QApplication::activePopupWidget(), first);
+    QTest::keyClick(first, Qt::Key_Escape);
+    QVERIFY(!first->isVisible());
 }
 
 void PLMainMenuTest::anOpenMenuShowsHowItsCommandsStand()

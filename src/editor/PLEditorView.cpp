@@ -85,6 +85,8 @@ PLTagField *PLEditorView::tagField() const
 void PLEditorView::setPreviewVisible(bool visible)
 {
     m_isPreviewVisible = visible;
+    if (visible)
+        m_livePreview->prepareWindow();
     m_livePreview->setVisible(visible);
     m_formatBar->setPreviewOn(visible);
     if (visible)

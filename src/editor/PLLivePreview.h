@@ -19,6 +19,9 @@ class PLLivePreview final : public QWidget
 public:
     explicit PLLivePreview(PLPageTextView &textView, QWidget *parent = nullptr);
 
+    /// To be called before the window is created, if the preview will be shown in it from the start.
+    void prepareWindow();
+
     /// Another page is open; its document is loaded afresh. Pictures are relative to this folder.
     void pageDidLoad(const QUrl &baseURL);
     /// The text has changed: the preview follows in 0.3 seconds.
@@ -41,7 +44,9 @@ protected:
 
 private:
     void makeView();
-    void show(PLPreviewView *view);
+    void takeView();
+    void connectView(PLPreviewView *view);
+    void showView();
     void showReason(const QString &reason);
     void openLink(const QUrl &url) const;
 

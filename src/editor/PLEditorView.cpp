@@ -88,6 +88,7 @@ void PLEditorView::setPreviewVisible(bool visible)
     if (visible)
         m_livePreview->prepareWindow();
     m_livePreview->setVisible(visible);
+    m_splitView->refresh(); // a pane just shown has its divider only then
     m_formatBar->setPreviewOn(visible);
     if (visible)
         divideInHalf();

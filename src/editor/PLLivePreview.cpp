@@ -4,7 +4,6 @@
 #include "editor/PLLivePreview.h"
 
 #include "editor/PLPageTextView.h"
-#include "editor/PLPreviewLoader.h"
 #include "editor/PLPreviewView.h"
 #include "editor/PLTypingPause.h"
 #include "markdown/PLMarkdown.h"
@@ -27,8 +26,8 @@ constexpr auto quietTime = 300ms;
 
 } // namespace
 
-PLLivePreview::PLLivePreview(PLPageTextView &textView, QWidget *parent)
-    : QWidget(parent), m_textView(textView), m_timer(this)
+PLLivePreview::PLLivePreview(PLPageTextView &textView, Loader loader)
+    : m_textView(textView), m_loader(std::move(loader)), m_timer(this)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -100,7 +99,7 @@ void PLLivePreview::makeView()
     if (m_view || m_isMissing || !isVisible())
         return;
     QString reason;
-    m_view = PLLoadPreviewView(nullptr, &reason);
+    m_view = m_loader(nullptr, &reason);
     if (m_view)
         return takeView();
     m_isMissing = true;

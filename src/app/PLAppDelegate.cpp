@@ -18,7 +18,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QMessageBox>
 
 #include <algorithm>
 
@@ -50,6 +49,7 @@ PLAppDelegate::PLAppDelegate(QObject *parent) : QObject(parent)
 
 PLAppDelegate::~PLAppDelegate()
 {
+    delete m_about.data();
     PLCommandChain::setApplicationHandler(nullptr);
 }
 
@@ -165,18 +165,6 @@ void PLAppDelegate::showPreferences()
     m_preferences->showWindow();
 }
 
-void PLAppDelegate::showAbout()
-{
-    auto *panel = new QMessageBox;
-    panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setWindowTitle(PLLocalizedString(u"À propos d'Aquilane"_s));
-    panel->setText(u"Aquilane %1"_s.arg(QStringLiteral(AQUILANE_VERSION)));
-    panel->setInformativeText(PLLocalizedString(u"Un carnet d'écriture pour les Mac d'hier."_s));
-    panel->addButton(PLLocalizedString(u"OK"_s), QMessageBox::AcceptRole);
-    panel->setModal(false);
-    panel->show();
-}
-
 bool PLAppDelegate::applicationShouldTerminate()
 {
     for (const auto &controller : m_projectWindows) {
@@ -218,42 +206,6 @@ void PLAppDelegate::relaunch()
     m_relaunching = true;
     terminate();
     m_relaunching = false;
-}
-
-std::optional<PLCommandState> PLAppDelegate::stateOfCommand(PLCommand command, int) const
-{
-    switch (command) {
-    case PLCommand::ShowAbout:
-    case PLCommand::ShowPreferences:
-    case PLCommand::ShowLibrary:
-    case PLCommand::NewProject:
-    case PLCommand::OpenProject:
-    case PLCommand::Terminate:
-    case PLCommand::ArrangeInFront:
-        return PLCommandState{};
-    default:
-        return std::nullopt;
-    }
-}
-
-void PLAppDelegate::performCommand(PLCommand command, int)
-{
-    switch (command) {
-    case PLCommand::ShowAbout:
-        return showAbout();
-    case PLCommand::ShowPreferences:
-        return showPreferences();
-    case PLCommand::ShowLibrary:
-        return showLibrary();
-    case PLCommand::NewProject:
-        return newProject();
-    case PLCommand::OpenProject:
-        return openProject();
-    case PLCommand::Terminate:
-        return terminate();
-    default:
-        return arrangeInFront();
-    }
 }
 
 /// A selected `projet.md` stands for its folder.
@@ -366,14 +318,6 @@ void PLAppDelegate::applicationWillTerminate()
     store.setValue(reopenKey, paths);
     store.sync();
     PLStartRelaunchScript(QCoreApplication::applicationPid(), QCoreApplication::applicationFilePath());
-}
-
-void PLAppDelegate::arrangeInFront()
-{
-    for (const auto &controller : m_projectWindows)
-        controller->showWindow();
-    if (m_library && m_library->window()->isVisible())
-        m_library->showWindow();
 }
 
 bool PLAppDelegate::confirmQuitWithoutSaving(const PLProjectWindowController &controller) const

@@ -7,6 +7,7 @@
 #include "platform/PLCommand.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QUrl>
 
 #include <memory>
@@ -75,6 +76,8 @@ private:
     void libraryClosed();
     void reopenProjectsAfterRelaunch();
     void applicationWillTerminate();
+    std::vector<PLWindow *> shownWindows() const;
+    void hide();
     void arrangeInFront();
     bool confirmQuitWithoutSaving(const PLProjectWindowController &controller) const;
     void reloadLibrary();
@@ -82,6 +85,7 @@ private:
     std::vector<std::unique_ptr<PLProjectWindowController>> m_projectWindows;
     std::unique_ptr<PLLibraryWindowController> m_library;
     std::unique_ptr<PLPreferencesWindowController> m_preferences;
+    QPointer<QWidget> m_about; ///< while it is open
     bool m_relaunching = false;
     bool m_terminating = false;
 };

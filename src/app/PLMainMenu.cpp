@@ -3,11 +3,13 @@
 
 #include "app/PLMainMenu.h"
 
+#include "app/PLWindowList.h"
 #include "i18n/PLLocalization.h"
 
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +18,7 @@ namespace {
 /// A line of the menu bar. A line with a title and neither command nor level opens a menu.
 struct MenuRow
 {
-    enum class Kind { Menu, Submenu, Item, Separator, EndSubmenu };
+    enum class Kind { Menu, Submenu, Item, Separator, EndSubmenu, WindowList };
 
     Kind kind;
     const char16_t *title = u"";
@@ -102,9 +104,10 @@ constexpr MenuRow rows[] = {
     {Row::Item, u"Italique", FormatItalic, command(Qt::Key_I)},
     {Row::Item, u"Barré", FormatStrikethrough},
     separator,
-    {Row::Item, u"Titre 1", FormatHeading, command(Qt::Key_1), 1},
-    {Row::Item, u"Titre 2", FormatHeading, command(Qt::Key_2), 2},
-    {Row::Item, u"Titre 3", FormatHeading, command(Qt::Key_3), 3},
+    // The second keys are those of the digits on a French keyboard, where the digits need shift.
+    {Row::Item, u"Titre 1", FormatHeading, command(Qt::Key_1), 1, command(Qt::Key_Ampersand)},
+    {Row::Item, u"Titre 2", FormatHeading, command(Qt::Key_2), 2, command(Qt::Key_Eacute)},
+    {Row::Item, u"Titre 3", FormatHeading, command(Qt::Key_3), 3, command(Qt::Key_QuoteDbl)},
     separator,
     {Row::Item, u"Citation", FormatQuote, command(Qt::Key_Apostrophe)},
     {Row::Item, u"Liste à puces", FormatBulletList},
@@ -127,6 +130,7 @@ constexpr MenuRow rows[] = {
      QKeyCombination(Qt::ControlModifier | Qt::MetaModifier, Qt::Key_F).toCombined(), 0, Qt::Key_F11},
     separator,
     {Row::Item, u"Tout ramener au premier plan", ArrangeInFront},
+    {Row::WindowList},
 };
 
 /// The string table has "Annuler" for the buttons of alerts, where it is "Cancel".
@@ -156,8 +160,10 @@ void updateItems(const QMenu *menu)
 void enableItems(const QMenu *menu)
 {
     const QList<QAction *> actions = menu->actions();
-    for (QAction *action : actions)
-        action->setEnabled(true);
+    for (QAction *action : actions) {
+        if (action->data().isValid())
+            action->setEnabled(true);
+    }
 }
 
 void keepItemsUpToDate(QMenu *menu)
@@ -178,6 +184,14 @@ void addRow(QMenu *menu, const MenuRow &row)
         action->setShortcuts({QKeySequence(row.keys), QKeySequence(row.secondKeys)});
 }
 
+/// The key that opens the menu bar on most desktops; the toolkit itself knows only a tap of the Alt key.
+void openByKey(QMenuBar *bar)
+{
+    auto *shortcut = new QShortcut(Qt::Key_F10, bar->window());
+    QObject::connect(shortcut, &QShortcut::activated, bar,
+                     [bar] { bar->setActiveAction(bar->actions().constFirst()); });
+}
+
 } // namespace
 
 void PLInstallMainMenu(QMainWindow &window)
@@ -185,6 +199,7 @@ void PLInstallMainMenu(QMainWindow &window)
     QMenuBar *bar = window.menuBar();
     QMenu *menu = nullptr;
     QMenu *parentMenu = nullptr;
+    openByKey(bar);
     for (const MenuRow &row : rows) {
         switch (row.kind) {
         case Row::Menu:
@@ -195,7 +210,11 @@ void PLInstallMainMenu(QMainWindow &window)
             parentMenu = std::exchange(menu, PLAddSubmenu(menu, titleOf(row)));
             break;
         case Row::EndSubmenu:
+            menu->menuAction()->setEnabled(!menu->isEmpty());
             menu = parentMenu;
+            break;
+        case Row::WindowList:
+            PLAddWindowList(menu);
             break;
         case Row::Item:
         case Row::Separator:

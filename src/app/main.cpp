@@ -3,6 +3,7 @@
 
 #include "app/PLAppDelegate.h"
 #include "app/PLTranslations.h"
+#include "app/PLWindowIcon.h"
 #include "i18n/PLDesktopStrings.h"
 #include "platform/PLAlert.h"
 #include "platform/PLExitSignals.h"
@@ -50,6 +51,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral(AQUILANE_VERSION));
     QGuiApplication::setDesktopFileName(u"io.github.aquilane"_s);
     QApplication::setQuitOnLastWindowClosed(false);
+    PLInstallWindowIcon();
     PLInstallTranslations(application);
     if (role == PLSingleInstance::Role::NoAnswer) {
         tellNoAnswer();

@@ -5,6 +5,7 @@
 
 #include "editor/PLPageDocument.h"
 #include "editor/PLPageLayout.h"
+#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "theme/PLTheme.h"
 
@@ -31,6 +32,7 @@ PLPageTextView::PLPageTextView(QWidget *parent)
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
+    setAccessibleName(PLDesktopString(u"Texte de la page"_s));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyColors();
     m_layoutTimer.setObjectName(u"layout"_s);

@@ -36,6 +36,9 @@ constexpr PLStringPair pairs[] = {
     // Start
     {u"Aquilane est déjà ouvert, mais ne répond pas.", u"Aquilane is already open, but doesn't answer."},
     {u"Attendez un instant, ou quittez l'autre Aquilane, puis réessayez.", u"Wait a moment, or quit the other Aquilane, then try again."},
+    // The about panel
+    {u"© 2026 les auteurs d'Aquilane.", u"© 2026 the Aquilane authors."},
+    {u"Logiciel libre, sous licence MIT.", u"Free software, under the MIT licence."},
     // The preview
     {u"L'aperçu n'est pas installé (paquet aquilane-preview).", u"The preview isn't installed (package aquilane-preview)."},
     {u"L'aperçu n'est pas affiché : Aquilane a été ouvert par l'administrateur du système.", u"The preview isn't shown: Aquilane was opened by the system's administrator."},
@@ -43,6 +46,9 @@ constexpr PLStringPair pairs[] = {
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // Names of parts of the window, for a screen reader
+    {u"Texte de la page", u"Text of the page"},
+    {u"Pages du carnet", u"Pages of the notebook"},
     // Tag field, for a screen reader
     {u"Tags proposés", u"Suggested tags"},
     {u"Supprimer le tag", u"Delete Tag"},

@@ -3,6 +3,7 @@
 
 #include "notebook_window/PLSidebarView.h"
 
+#include "i18n/PLDesktopStrings.h"
 #include "notebook_window/PLSidebarModel.h"
 #include "notebook_window/PLSidebarRowDelegate.h"
 #include "storage/PLProject.h"
@@ -13,6 +14,8 @@
 #include <QKeyEvent>
 #include <QToolTip>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int pointsPerLevel = 12;
@@ -21,6 +24,7 @@ constexpr int pointsPerLevel = 12;
 
 PLSidebarView::PLSidebarView(QWidget *parent) : QTreeView(parent)
 {
+    setAccessibleName(PLDesktopString(u"Pages du carnet"_s));
     setHeaderHidden(true);
     setFrameShape(QFrame::NoFrame);
     setIndentation(pointsPerLevel);

@@ -59,7 +59,8 @@ Q_SIGNALS:
 private:
     QUrl locationOfNode(const PLSidebarNode *node) const;
     bool confirmTrash(const PLProjectItem &item) const;
-    void finishRename(const PLProjectItemPointer &item);
+    void finishRename();
 
     Parts m_parts;
+    PLProjectItemPointer m_renamedItem; ///< until the sidebar shows its new title
 };

@@ -85,6 +85,7 @@ void PLProjectWindowController::showWindow()
 
 bool PLProjectWindowController::saveCurrentItem()
 {
+    m_sidebar->commitTitle();
     return m_session->saveCurrentItem();
 }
 
@@ -122,7 +123,7 @@ void PLProjectWindowController::windowDidBecomeKey()
 {
     // A page that is still dirty could not be saved. Its folder may be gone, and a list without the page
     // would close it, and its text with it.
-    if (!m_session->isDirty() && !m_sidebar->isEditingTitle() && !m_sidebar->tree().isEmpty())
+    if (!m_session->isDirty() && !m_sidebar->isEditingName() && !m_sidebar->tree().isEmpty())
         refreshSidebar();
 }
 
@@ -130,7 +131,7 @@ void PLProjectWindowController::windowDidResignKey()
 {
     // An alert of our own takes the focus, perhaps about this very page: it must not lead to another one.
     if (!QApplication::activeModalWidget())
-        saveCurrentItem();
+        m_session->saveCurrentItem();
 }
 
 std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
@@ -233,6 +234,10 @@ void PLProjectWindowController::connectSidebar()
     connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
     connect(sidebar, &PLSidebarController::titleEditingCancelled, commands,
             &PLPageCommands::focusTextIfEditing);
+    connect(sidebar, &PLSidebarController::nameEditingEnded, this, [this] {
+        if (std::exchange(m_refreshIsDue, false))
+            refreshSidebar();
+    });
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
             [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });
@@ -318,5 +323,13 @@ void PLProjectWindowController::updateWindowTitle()
 void PLProjectWindowController::tagsDidChange()
 {
     if (m_session->saveChangedTags())
-        QMetaObject::invokeMethod(this, &PLProjectWindowController::refreshSidebar, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &PLProjectWindowController::refreshAfterTagChange,
+                                  Qt::QueuedConnection);
+}
+
+void PLProjectWindowController::refreshAfterTagChange()
+{
+    m_refreshIsDue = m_sidebar->isEditingName();
+    if (!m_refreshIsDue)
+        refreshSidebar();
 }

@@ -6,6 +6,7 @@
 #include "notebook_window/PLSidebarModel.h"
 #include "theme/PLTheme.h"
 
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -136,8 +137,8 @@ QWidget *PLSidebarRowDelegate::createEditor(QWidget *parent, const QStyleOptionV
     colors.setColor(QPalette::Base, PLTheme::paperColor());
     colors.setColor(QPalette::Text, PLTheme::inkColor());
     field->setPalette(colors);
-    Q_EMIT editingBegan();
-    connect(field, &QObject::destroyed, this, [this] { Q_EMIT editingEnded(); });
+    Q_EMIT editingBegan(field);
+    connect(field, &QObject::destroyed, this, [this](const QObject *gone) { Q_EMIT editingEnded(gone); });
     return field;
 }
 
@@ -159,4 +160,16 @@ void PLSidebarRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOpt
                                                 const QModelIndex &) const
 {
     editor->setGeometry(option.rect.adjusted(0, 0, 0, -rowSpacing));
+}
+
+/// A title waits for the writer who looks something up in another window, or opens a menu.
+bool PLSidebarRowDelegate::eventFilter(QObject *field, QEvent *event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+            reason == Qt::MenuBarFocusReason)
+            return false;
+    }
+    return QStyledItemDelegate::eventFilter(field, event);
 }

@@ -87,6 +87,12 @@ void PLSidebarView::mousePressEvent(QMouseEvent *event)
         QTreeView::mousePressEvent(event);
 }
 
+/// Tab ends a title as Return does; it does not go on to the title of the next page.
+void PLSidebarView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint)
+{
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 void PLSidebarView::applyColors()
 {
     QPalette colors = palette();

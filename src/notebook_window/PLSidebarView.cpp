@@ -3,15 +3,20 @@
 
 #include "notebook_window/PLSidebarView.h"
 
+#include "foundation/PLText.h"
+#include "i18n/PLDesktopStrings.h"
 #include "notebook_window/PLSidebarModel.h"
 #include "notebook_window/PLSidebarRowDelegate.h"
 #include "storage/PLProject.h"
 #include "theme/PLTheme.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QToolTip>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,6 +34,7 @@ PLSidebarView::PLSidebarView(QWidget *parent) : QTreeView(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTextElideMode(Qt::ElideRight);
+    setAccessibleName(PLDesktopString(u"Pages du carnet"_s));
     applyColors();
 }
 
@@ -87,6 +93,35 @@ void PLSidebarView::mousePressEvent(QMouseEvent *event)
         QTreeView::mousePressEvent(event);
 }
 
+/// Finds the next row whose title begins as typed, whatever its case and accents.
+void PLSidebarView::keyboardSearch(const QString &typed)
+{
+    const bool goesOn =
+        m_sinceTyping.isValid() && !m_sinceTyping.hasExpired(QApplication::keyboardInputInterval());
+    m_sinceTyping.start();
+    m_searchedTitle = goesOn ? m_searchedTitle + typed : typed;
+    if (m_searchedTitle.isEmpty() || !model()->hasChildren())
+        return;
+    // One letter, and the same letter again, go on to the next row.
+    const bool isOneLetter = m_searchedTitle.count(m_searchedTitle.front()) == m_searchedTitle.size();
+    const QString start =
+        PLFoldedCaseAndDiacritics(isOneLetter ? QString(m_searchedTitle.front()) : m_searchedTitle);
+    const QModelIndex first = currentIndex().isValid() ? currentIndex() : model()->index(0, 0);
+    QModelIndex row = isOneLetter ? rowAfter(first) : first;
+    do {
+        const auto *node = static_cast<const PLSidebarNode *>(row.internalPointer());
+        if (PLFoldedCaseAndDiacritics(PLSidebarTitle(*node)).startsWith(start))
+            return setCurrentIndex(row);
+        row = rowAfter(row);
+    } while (row != (isOneLetter ? rowAfter(first) : first));
+}
+
+QModelIndex PLSidebarView::rowAfter(const QModelIndex &row) const
+{
+    const QModelIndex below = indexBelow(row);
+    return below.isValid() ? below : model()->index(0, 0);
+}
+
 /// Tab ends a title as Return does; it does not go on to the title of the next page.
 void PLSidebarView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint)
 {
@@ -111,7 +146,8 @@ PLSection PLSidebarView::addButtonAt(const QPoint &position) const
     const QModelIndex index = indexAt(position);
     if (!index.isValid() || index.parent().isValid())
         return PLSection::None;
-    const auto *section = static_cast<const PLSidebarSection *>(index.internalPointer());
+    const auto *node = static_cast<const PLSidebarNode *>(index.internalPointer());
+    const auto *section = static_cast<const PLSidebarSection *>(node);
     if (section->isTagSection || !PLSidebarRowDelegate::addButtonRect(visualRect(index)).contains(position))
         return PLSection::None;
     return section->section;

@@ -41,7 +41,8 @@ void PLPageCommands::renameItem(const PLProjectItemPointer &item)
         m_parts.sidebar.editTitleOfNode(m_parts.sidebar.tree().sectionItemForURL(item->fileURL()));
 }
 
-void PLPageCommands::trashItem(const PLProjectItemPointer &item)
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may go while a question is asked
+void PLPageCommands::trashItem(PLProjectItemPointer item)
 {
     if (!item)
         return QApplication::beep();
@@ -81,7 +82,8 @@ PLProjectItemPointer PLPageCommands::targetItemForNode(const PLSidebarNode *node
     return page ? page->item : item;
 }
 
-void PLPageCommands::endTitleEditing(const PLProjectItemPointer &item, const QString &typedTitle)
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may go while an alert is shown
+void PLPageCommands::endTitleEditing(PLProjectItemPointer item, const QString &typedTitle)
 {
     const QString title = PLTrimmedSpacesAndNewlines(typedTitle).toString();
     if (title.isEmpty() || title == item->title())

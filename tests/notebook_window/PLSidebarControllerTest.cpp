@@ -75,7 +75,8 @@ void PLSidebarControllerTest::aTargetIsThePageElseTheSectionElseNothing_data()
     QTest::newRow("page") << u"Livre/02 - B.md"_s << PLSection::None << u"B"_s;
     QTest::newRow("page before section") << u"Livre/02 - B.md"_s << PLSection::Notes << u"B"_s;
     QTest::newRow("section") << QString() << PLSection::Places << u"LIEUX"_s;
-    QTest::newRow("section for a page that is gone") << u"Livre/9.md"_s << PLSection::Book << u"LE LIVRE  ·  2"_s;
+    QTest::newRow("section for a page that is gone")
+        << u"Livre/9.md"_s << PLSection::Book << u"LE LIVRE  ·  2"_s;
     QTest::newRow("neither") << QString() << PLSection::None << QString();
     QTest::newRow("page that is gone") << u"Livre/9.md"_s << PLSection::None << QString();
 }
@@ -200,7 +201,9 @@ void PLSidebarControllerTest::rowsHaveTheirHeights()
     const PLSidebarNode *book = sidebar().tree().section(PLSection::Book);
     const PLSidebarTag *tag = tagNamed(u"bal"_s);
     sidebar().expandNode(tag);
-    const auto height = [this](const PLSidebarNode *node) { return view()->visualRect(indexOf(node)).height(); };
+    const auto height = [this](const PLSidebarNode *node) {
+        return view()->visualRect(indexOf(node)).height();
+    };
 
     QCOMPARE(height(book), 28 + spacing);
     QCOMPARE(height(sidebar().tree().tagSection()), 28 + spacing);

@@ -16,10 +16,16 @@ constexpr int sectionHeight = 28;
 constexpr int rowHeight = 22;
 constexpr int rowSpacing = 2;
 
+/// The part of a row that is drawn in; half of the spacing is above it, half below.
+QRect cellOf(const QRect &row)
+{
+    return row.adjusted(0, rowSpacing / 2, 0, -rowSpacing / 2);
+}
+
 /// What is drawn in a row: a coloured tab, and a text after it.
 struct RowLook
 {
-    QRect mark; ///< relative to the row; null for none
+    QRect mark; ///< relative to the cell; null for none
     QColor markColor;
     QRect label;
     QColor textColor;
@@ -95,7 +101,8 @@ PLSidebarRowDelegate::PLSidebarRowDelegate(QObject *parent) : QStyledItemDelegat
 
 QRect PLSidebarRowDelegate::addButtonRect(const QRect &row)
 {
-    return QRect(row.right() + 1 - 24, row.top() + 5, 20, 18);
+    const QRect cell = cellOf(row);
+    return QRect(cell.right() + 1 - 24, cell.top() + 5, 20, 18);
 }
 
 void PLSidebarRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -103,7 +110,7 @@ void PLSidebarRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
 {
     const PLSidebarNode *node = nodeOf(index);
     const RowLook look = lookOf(*node, option.rect.width());
-    const QPoint origin = option.rect.topLeft();
+    const QPoint origin = cellOf(option.rect).topLeft();
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     if (option.state.testFlag(QStyle::State_Selected))
@@ -159,7 +166,7 @@ void PLSidebarRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *, c
 void PLSidebarRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                                 const QModelIndex &) const
 {
-    editor->setGeometry(option.rect.adjusted(0, 0, 0, -rowSpacing));
+    editor->setGeometry(cellOf(option.rect));
 }
 
 /// A title waits for the writer who looks something up in another window, or opens a menu.

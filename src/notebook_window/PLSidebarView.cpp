@@ -57,6 +57,12 @@ void PLSidebarView::contextMenuEvent(QContextMenuEvent *event)
         Q_EMIT contextMenuRequested(indexAt(event->pos()), event->globalPos());
         return;
     }
+    requestMenuOfCurrentRow();
+}
+
+void PLSidebarView::requestMenuOfCurrentRow()
+{
+    scrollTo(currentIndex());
     const QRect row = visualRect(currentIndex());
     Q_EMIT contextMenuRequested(currentIndex(), viewport()->mapToGlobal(row.center()));
 }
@@ -76,9 +82,15 @@ void PLSidebarView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Backspace:
         Q_EMIT trashRequested();
         return;
+    case Qt::Key_F10:
+        // Qt 6.4 makes a request of the menu key under X11, but not of the older Shift+F10.
+        if (event->modifiers() == Qt::ShiftModifier)
+            return requestMenuOfCurrentRow();
+        break;
     default:
-        QTreeView::keyPressEvent(event);
+        break;
     }
+    QTreeView::keyPressEvent(event);
 }
 
 void PLSidebarView::mousePressEvent(QMouseEvent *event)

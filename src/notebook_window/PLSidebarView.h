@@ -36,6 +36,7 @@ protected:
 
 private:
     void applyColors();
+    void requestMenuOfCurrentRow();
     /// The section whose add button is at this point, None for another point.
     PLSection addButtonAt(const QPoint &position) const;
     /// The row below, or the first one below the last.

@@ -43,6 +43,9 @@ constexpr PLStringPair pairs[] = {
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // A page changed by another program
+    {u"« %@ » a été modifié par un autre programme.", u"“%@” was changed by another program."},
+    {u"Les deux textes sont gardés : le vôtre dans cette page, l'autre dans « %@ ».", u"Both texts are kept: yours in this page, the other one in “%@”."},
     // Sidebar, for a screen reader
     {u"Pages du carnet", u"Notebook pages"},
     // Tag field, for a screen reader

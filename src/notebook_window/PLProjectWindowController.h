@@ -78,7 +78,8 @@ private:
     void showPlaceholder(bool visible);
     void updateWindowTitle();
     void tagsDidChange();
-    void refreshAfterTagChange();
+    void refreshWhenNoTitleIsTyped();
+    void tellOutsideText(const PLProjectItemPointer &page, const PLProjectItemPointer &keptPage);
 
     std::unique_ptr<PLProject> m_project;
     std::unique_ptr<PLWindow> m_window;

@@ -211,6 +211,24 @@ a_title_waits_for_who_looks_something_up() {
     expect_folder "coming back to a title"
 }
 
+# Another program writes into the page that is being written: its text becomes a page beside.
+both_texts_are_kept() {
+    click_row 1 2
+    expect_title "Le phare — Hélène"
+    press F6
+    write "Moi. "
+    printf 'Un autre.' >"$notebook/Personnages/Hélène.md"
+    press ctrl+s
+    expect_alert "changed by another program"
+    press Return
+    expect_title "Le phare — Hélène"
+    printf 'Un autre.' >"$kept/Personnages/Hélène 2.md"
+    sed -i '0,/^# /s//Moi. # /' "$kept/Personnages/Hélène.md"
+    expect_folder "a change from outside"
+    click_row 1 3
+    expect_title "Le phare — Hélène 2"
+}
+
 a_double_click_goes_to_the_text() {
     xdotool mousemove $((window_x + 120)) "$(row_at 2 2)" click --repeat 2 --delay 60 1
     expect_title "Le phare — Ouessant"
@@ -240,6 +258,7 @@ a_page_is_found_through_its_tag
 menus_throw_pages_away
 two_notebooks_are_written_by_turns
 a_title_waits_for_who_looks_something_up
+both_texts_are_kept
 a_double_click_goes_to_the_text
 quitting_leaves_nothing_behind
 said_nothing

@@ -65,7 +65,7 @@ PLProjectWindowController::PLProjectWindowController(std::unique_ptr<PLProject> 
 {
     buildWindow();
     connectParts();
-    m_sidebar->reloadSidebarSelectingURL(QUrl(), PLSection::None);
+    selectionChanged(); // nothing yet: what is shown should the first chapter be unreadable
     m_sidebar->selectFirstChapter();
 }
 

@@ -113,8 +113,7 @@ void PLSidebarController::selectFirstChapter()
     reloadSidebarData();
     const PLSidebarSection *book = tree().section(PLSection::Book);
     const bool hasPages = book && book->childCount() > 0;
-    const QUrl first = hasPages ? PLItemOfNode(book->children().front().get())->fileURL() : QUrl();
-    reloadSidebarSelectingURL(first, hasPages ? PLSection::None : PLSection::Book);
+    selectSidebarObject(hasPages ? book->children().front().get() : book);
 }
 
 void PLSidebarController::expandNode(const PLSidebarNode *node)

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void aPageThatCannotBeMadeIsTold();
     void aPageThatCannotBeTrashedIsTold();
     void aPageThatCannotBeReadIsTold();
+    void aFirstChapterThatCannotBeReadIsTold();
     void aPageThatIsNotSavedStaysWhenTheListIsGone();
     void onlyTheFirstOfTwoAlertsIsShown();
     void aPageThatWasTakenAwayIsWrittenAgain();
@@ -129,6 +130,22 @@ void PLNotebookFailuresTest::aPageThatCannotBeReadIsTold()
     QCOMPARE(m_window->notebook.read(u"Livre/01 - A.md"_s), u"---\ntags: bal\n---\n\nxun"_s);
     QVERIFY(m_window->controller->placeholderLabel()->isVisible());
     QCOMPARE(m_window->controller->placeholderLabel()->text(), before);
+    QCOMPARE(m_window->controller->window()->windowTitle(), u"Roman[*]"_s);
+}
+
+void PLNotebookFailuresTest::aFirstChapterThatCannotBeReadIsTold()
+{
+    QFile chapter(m_window->notebook.path(u"Livre/01 - A.md"_s));
+    QVERIFY(chapter.open(QIODevice::WriteOnly) && chapter.write("\xff\xfe\x00", 3) == 3); // half of UTF-16
+    chapter.close();
+
+    m_window->open();
+
+    QCOMPARE(m_window->alerts,
+             QStringList{u"Le texte de ce fichier ne peut pas être lu : son codage est inconnu."_s});
+    QCOMPARE(m_window->controller->placeholderLabel()->text(),
+             u"Choisissez une page dans la liste,\nou ajoutez-en une avec le + d'une catégorie."_s);
+    QVERIFY(m_window->controller->placeholderLabel()->isVisible());
     QCOMPARE(m_window->controller->window()->windowTitle(), u"Roman[*]"_s);
 }
 

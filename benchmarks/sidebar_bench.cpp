@@ -28,7 +28,7 @@ constexpr int frames = 1000;
 constexpr int limitedPages = 5'000;    // of the notebook that the limits are for
 constexpr double largestRebuild = 250; // milliseconds
 constexpr double largestRatio = 2.0;   // times the bare loop
-constexpr double largestGrowth = 1.5;  // of the cost of a page, from the smallest notebook to the largest
+constexpr double largestGrowth = 1.5;  // of that ratio, from the smallest notebook to the largest
 constexpr double frame = 16.7;         // milliseconds
 
 struct Figures
@@ -51,7 +51,10 @@ public:
         m_view.reset(m_controller.view());
         m_view->resize(240, 720);
         m_view->show();
-        m_controller.selectFirstChapter();
+        m_controller.reloadSidebarData();
+        // The last page is the one that takes longest to be found again.
+        m_controller.selectSidebarObject(
+            m_controller.tree().section(PLSection::Notes)->children().back().get());
         QApplication::processEvents();
     }
 
@@ -84,13 +87,14 @@ public:
         return times;
     }
 
-    /// Whether the pages and the tags are there, and the first chapter still chosen.
+    /// Whether the pages and the tags are there, and a page still chosen.
     bool isWhole(int pages) const
     {
         int listed = 0;
         for (const PLSection section : PLAllSections)
             listed += m_controller.tree().section(section)->childCount();
-        return listed == pages && m_controller.allTags().size() > tags / 2 && m_controller.selectedNode();
+        return listed == pages && m_controller.allTags().size() > tags / 2 &&
+               PLItemOfNode(m_controller.selectedNode());
     }
 
     int rowCount() const
@@ -158,7 +162,7 @@ int main(int argc, char *argv[])
                 tags, rounds, limitedPages, largestRebuild, largestRatio, frame);
     std::puts(" pages     bare   Aquilane  ratio   us/page   tags open    rows  frame  p99");
     bool isHeld = true;
-    std::vector<double> costs;
+    std::vector<double> ratios;
     for (const int pages : {1'000, 2'500, limitedPages, 10'000}) {
         const QString path = folder.filePath(QString::number(pages));
         if (!PLMakeNotebook(path, {pages, tags})) {
@@ -168,9 +172,9 @@ int main(int argc, char *argv[])
         const Figures figures = measure(path, pages);
         report(pages, figures);
         isHeld = holds(pages, figures) && isHeld;
-        costs.push_back(figures.rebuild / pages);
+        ratios.push_back(figures.rebuild / figures.bare);
     }
-    const double growth = costs.back() / costs.front();
-    std::printf("cost of a page, 10,000 against 1,000: %.2f (limit %.1f)\n", growth, largestGrowth);
+    const double growth = ratios.back() / ratios.front();
+    std::printf("the ratio, 10,000 pages against 1,000: %.2f (limit %.1f)\n", growth, largestGrowth);
     return isHeld && growth <= largestGrowth ? 0 : 1;
 }

@@ -123,9 +123,8 @@ bool PLPageSession::writeCurrentItem(PLError *error)
     const QString contents = composedFileContents();
     const QByteArray ours = contents.toUtf8();
     const std::optional<QByteArray> theirs = m_onDisk.changedBytes(*m_currentItem);
-    PLProjectItemPointer kept;
     if (theirs && *theirs != ours) {
-        kept = PLKeepBesidePage(*m_currentItem, *theirs, error);
+        const PLProjectItemPointer kept = PLKeepBesidePage(*m_currentItem, *theirs, error);
         if (!kept)
             return false;
         m_onDisk.remember(*theirs); // it is kept, even if the write fails and is tried again

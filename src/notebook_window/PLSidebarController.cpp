@@ -127,11 +127,11 @@ void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
     if (!index.isValid() || !isInSight(index))
         return;
     m_view->setCurrentIndex(index);
-    // Opening the page may have shown an alert, and the list been read again since.
+    m_view->setFocus();
+    // Opening the page or leaving the tags may have shown an alert, and the list been read again since.
     const PLSidebarNode *selected = selectedNode();
     if (!selected || selected->kind() != Kind::Page)
         return;
-    m_view->setFocus();
     m_titleItem = PLItemOfNode(selected);
     m_view->edit(m_view->currentIndex());
 }

@@ -3,6 +3,7 @@
 
 #include "editor/PLTagField.h"
 #include "notebook_window/PLNotebookWindowFixture.h"
+#include "theme/PLTheme.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void aKeyGoesFromTheTextToTheSidebarAndBack();
     void theWindowHasItsSizes();
     void theFrameIsRememberedByNotebook();
+    void thePlaceholderStandsOnPaper();
     void theWindowStandsForItsFolder();
     void theEditedMarkFollowsTheText();
     void aProposedTagIsTaken();
@@ -453,6 +455,22 @@ void PLProjectWindowControllerTest::theFrameIsRememberedByNotebook()
     QCOMPARE(window.controller->window()->geometry(), QRect(10, 50, 785, 500));
     const PLProjectWindowController otherWindow(other.open());
     QCOMPARE(otherWindow.window()->geometry(), first);
+}
+
+void PLProjectWindowControllerTest::thePlaceholderStandsOnPaper()
+{
+    PLNotebookWindowFixture window;
+    window.open();
+    const QLabel *label = window.controller->placeholderLabel();
+
+    const QImage page = window.controller->splitView()->widget(1)->grab().toImage();
+    QCOMPARE(page.pixelColor(5, 5).name(), PLTheme::paperColor().name());
+    QCOMPARE(label->font(), PLTheme::sidebarFont());
+    QCOMPARE(label->palette().color(QPalette::WindowText).name(), PLTheme::faintInkColor().name());
+    QCOMPARE(label->alignment(), Qt::Alignment(Qt::AlignCenter));
+    QCOMPARE(label->contentsRect().left(), 20);
+    QCOMPARE(label->contentsRect().width(), page.width() - 40);
+    QCOMPARE(label->geometry().center().y(), (page.height() - 1) / 2);
 }
 
 void PLProjectWindowControllerTest::theWindowStandsForItsFolder()

@@ -28,6 +28,7 @@ private Q_SLOTS:
 
     void arrowsOpenPagesOneByOne();
     void arrowsOpenAndCloseTags();
+    void aClickIsToldOnce();
     void typingFindsTitles_data();
     void typingFindsTitles();
     void keysRenameAndThrowAway_data();
@@ -139,6 +140,24 @@ void PLSidebarViewTest::arrowsOpenAndCloseTags()
 
     QCOMPARE(m_window->sidebar().selectedNode(), tag->children()[0].get());
     QCOMPARE(m_window->editor()->text(), u"deux"_s);
+}
+
+void PLSidebarViewTest::aClickIsToldOnce()
+{
+    QSignalSpy changes(&m_window->sidebar(), &PLSidebarController::selectionChanged);
+    const QPoint second = view()->visualRect(indexOf(PLSection::Book)).bottomLeft() + QPoint(100, 34);
+
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, second);
+    QCOMPARE(m_window->selectedText(), u"Été"_s);
+    QCOMPARE(changes.count(), 1);
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, second); // the same again
+    QCOMPARE(changes.count(), 1);
+    QTest::mouseClick(view()->viewport(), Qt::RightButton, {}, second - QPoint(0, 24));
+    QCOMPARE(changes.count(), 1);
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {},
+                      view()->viewport()->rect().bottomLeft()); // no row
+    QCOMPARE(changes.count(), 2);
+    QCOMPARE(m_window->sidebar().selectedNode(), nullptr);
 }
 
 void PLSidebarViewTest::typingFindsTitles_data()

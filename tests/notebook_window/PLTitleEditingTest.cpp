@@ -21,6 +21,7 @@ class PLTitleEditingTest final : public QObject
 private Q_SLOTS:
     void anUnchangedTitleGivesTheTextTheFocus_data();
     void anUnchangedTitleGivesTheTextTheFocus();
+    void lineBreaksAroundATitleAreNotPartOfIt();
     void escapeKeepsTheTitle();
     void tabEndsATitleAsReturnDoes_data();
     void tabEndsATitleAsReturnDoes();
@@ -103,6 +104,18 @@ void PLTitleEditingTest::anUnchangedTitleGivesTheTextTheFocus()
     QCOMPARE(window.selectedText(), u"A"_s);
     QVERIFY(window.notebook.exists(u"Livre/1 - A.md"_s));
     QVERIFY(!window.sidebar().isEditingName());
+}
+
+void PLTitleEditingTest::lineBreaksAroundATitleAreNotPartOfIt()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+
+    window.controller->pageCommands().endTitleEditing(window.session().currentItem(), u"  Title \r\n"_s);
+
+    QVERIFY(window.notebook.exists(u"Livre/01 - Title.md"_s));
+    QCOMPARE(window.session().currentItem()->title(), u"Title"_s);
 }
 
 void PLTitleEditingTest::escapeKeepsTheTitle()

@@ -5,22 +5,12 @@
 // open each file, read its first 4 KiB. Both in one run, by turns, with the files in the system's cache.
 
 #include "foundation/PLPreferences.h"
-#include "i18n/PLLocalization.h"
+#include "made_notebook.h"
 #include "storage/PLProject.h"
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
-#include <functional>
-
-#include <dirent.h>
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -36,74 +26,6 @@ struct Figures
     qsizetype tags = 0; // found by the listing, so that it is known to have worked
 };
 
-QString words(QRandomGenerator &random, int count)
-{
-    static const QStringList vocabulary =
-        u"la pluie avait cessé vers le soir et Éléonore regardait par la fenêtre les toits mouillés de l’île "
-        u"où "
-        u"personne n’était venu depuis que sa sœur Cécile était partie sans laisser de lettre à côté du piano"_s
-            .split(u' ');
-    QStringList text;
-    for (int index = 0; index < count; ++index)
-        text.append(vocabulary[random.bounded(int(vocabulary.size()))]);
-    return text.join(u' ');
-}
-
-/// A page of 100 to 2,000 words in paragraphs; every second one has a header with tags.
-QByteArray page(QRandomGenerator &random, int number)
-{
-    QString text;
-    if (number % 2 == 0)
-        text += u"---\ntype: fiche\ntags: "_s + words(random, 3).replace(u' ', u", "_s) + u"\n---\n\n"_s;
-    text += u"# "_s + words(random, 4) + u"\n\n"_s;
-    for (int paragraph = random.bounded(1, 20); paragraph > 0; --paragraph)
-        text += words(random, 100) + u".\n\n"_s;
-    return text.toUtf8();
-}
-
-/// A notebook of so many pages, two in five of them chapters. False if the disk will not have it.
-bool makeNotebook(const QString &path, int pages)
-{
-    QRandomGenerator random(1789);
-    QFile metadata(path + u"/projet.md"_s);
-    if (!QDir().mkpath(path) || !metadata.open(QIODevice::WriteOnly))
-        return false;
-    const auto project = PLProject::openProjectAtURL(QUrl::fromLocalFile(path));
-    for (int number = 1; project && number <= pages; ++number) {
-        const PLSection section = number % 5 < 2 ? PLSection::Book : PLAllSections[number % 5];
-        const QString title = words(random, random.bounded(1, 5)) + u' ' + QString::number(number);
-        const QString name = PLProjectItem::fileNameForTitle(title, number, section);
-        QFile file(project->URLForSection(section).toLocalFile() + name);
-        const QByteArray text = page(random, number);
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            return false;
-    }
-    return project != nullptr;
-}
-
-void readStart(int folder, const char *name)
-{
-    char start[4096];
-    const int file = ::openat(folder, name, O_RDONLY | O_CLOEXEC);
-    if (file < 0 || ::read(file, start, sizeof start) < 0)
-        std::perror(name);
-    ::close(file);
-}
-
-/// The least that any program must do.
-void listBarely(const QString &path)
-{
-    for (const PLSection section : PLAllSections) {
-        const QByteArray folder = QFile::encodeName(path + u'/' + PLProject::folderNameForSection(section));
-        DIR *reader = ::opendir(folder.constData());
-        while (const dirent *entry = ::readdir(reader)) {
-            if (entry->d_name[0] != '.')
-                readStart(::dirfd(reader), entry->d_name);
-        }
-        ::closedir(reader);
-    }
-}
-
 /// What the sidebar does: every section sorted, the tags of every page.
 qsizetype listWithTags(const PLProject &project)
 {
@@ -115,33 +37,19 @@ qsizetype listWithTags(const PLProject &project)
     return tags;
 }
 
-double milliseconds(const std::function<void()> &work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 Figures measure(const QString &path)
 {
     const PLProject project(QUrl::fromLocalFile(path));
     Figures figures;
     std::vector<double> bare;
     std::vector<double> listing;
-    listBarely(path); // fills the cache
+    PLReadBarely(path); // fills the cache
     for (int round = 0; round < rounds; ++round) {
-        bare.push_back(milliseconds([&] { listBarely(path); }));
-        listing.push_back(milliseconds([&] { figures.tags = listWithTags(project); }));
+        bare.push_back(PLMilliseconds([&] { PLReadBarely(path); }));
+        listing.push_back(PLMilliseconds([&] { figures.tags = listWithTags(project); }));
     }
-    figures.bare = median(bare);
-    figures.listing = median(listing);
+    figures.bare = PLPercentile(bare, 0.5);
+    figures.listing = PLPercentile(listing, 0.5);
     return figures;
 }
 
@@ -169,7 +77,7 @@ int main()
     std::vector<double> costs;
     for (const int pages : {1'000, 10'000}) {
         const QString path = folder.filePath(QString::number(pages));
-        if (!makeNotebook(path, pages)) {
+        if (!PLMakeNotebook(path, {pages})) {
             std::fprintf(stderr, "The notebook could not be made in %s\n", qPrintable(path));
             return 2;
         }

@@ -85,7 +85,10 @@ PLTagField *PLEditorView::tagField() const
 void PLEditorView::setPreviewVisible(bool visible)
 {
     m_isPreviewVisible = visible;
+    if (visible)
+        m_livePreview->prepareWindow();
     m_livePreview->setVisible(visible);
+    m_splitView->refresh(); // a pane just shown has its divider only then
     m_formatBar->setPreviewOn(visible);
     if (visible)
         divideInHalf();

@@ -4,8 +4,8 @@
 #include "editor/PLLivePreview.h"
 
 #include "editor/PLPageTextView.h"
-#include "editor/PLPreviewLoader.h"
 #include "editor/PLPreviewView.h"
+#include "editor/PLTypingPause.h"
 #include "markdown/PLMarkdown.h"
 #include "theme/PLTheme.h"
 
@@ -22,11 +22,12 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto previewDelay = 300ms;
+constexpr auto quietTime = 300ms;
 
 } // namespace
 
-PLLivePreview::PLLivePreview(PLPageTextView &textView, QWidget *parent)
-    : QWidget(parent), m_textView(textView), m_timer(this)
+PLLivePreview::PLLivePreview(PLPageTextView &textView, Loader loader)
+    : m_textView(textView), m_loader(std::move(loader)), m_timer(this)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -73,6 +74,12 @@ double PLLivePreview::scrollRatio() const
     return bar->maximum() > 0 ? qBound(0.0, double(bar->value()) / bar->maximum(), 1.0) : 0;
 }
 
+void PLLivePreview::prepareWindow()
+{
+    if (!window()->testAttribute(Qt::WA_WState_Created))
+        PLPreparePreviewWindow(this);
+}
+
 /// The plugin is loaded when the event loop turns: first the window is on screen.
 void PLLivePreview::showEvent(QShowEvent *event)
 {
@@ -92,16 +99,32 @@ void PLLivePreview::makeView()
     if (m_view || m_isMissing || !isVisible())
         return;
     QString reason;
-    if (PLPreviewView *view = PLLoadPreviewView(this, &reason))
-        return show(view);
+    m_view = m_loader(nullptr, &reason);
+    if (m_view)
+        return takeView();
     m_isMissing = true;
     showReason(reason);
 }
 
-void PLLivePreview::show(PLPreviewView *view)
+void PLLivePreview::takeView()
 {
-    m_view = view;
-    layout()->addWidget(view->widget());
+    m_view->setParent(this);
+    connectView(m_view);
+    if (PLIsPreviewWindowReady(window()))
+        return showView();
+    // The window will be created anew, and must not be while keys for it are on their way.
+    auto *pause = new PLTypingPause(quietTime, this);
+    connect(pause, &PLTypingPause::reached, this, &PLLivePreview::showView);
+    connect(pause, &PLTypingPause::reached, pause, &QObject::deleteLater);
+}
+
+void PLLivePreview::showView()
+{
+    layout()->addWidget(m_view->widget());
+}
+
+void PLLivePreview::connectView(PLPreviewView *view)
+{
     connect(view, &PLPreviewView::linkClicked, this, &PLLivePreview::openLink);
     connect(view, &PLPreviewView::didFinishLoad, this, [this] {
         m_isLoaded = true;
@@ -131,6 +154,6 @@ void PLLivePreview::showReason(const QString &reason)
 void PLLivePreview::openLink(const QUrl &url) const
 {
     const QString scheme = url.scheme();
-    if (scheme == u"http" || scheme == u"https" || scheme == u"mailto")
+    if (scheme.startsWith(u"http") || scheme == u"mailto")
         QDesktopServices::openUrl(url);
 }

@@ -3,9 +3,13 @@
 
 #pragma once
 
+#include "editor/PLPreviewLoader.h"
+
 #include <QTimer>
 #include <QUrl>
 #include <QWidget>
+
+#include <functional>
 
 class PLPageTextView;
 class PLPreviewView;
@@ -17,7 +21,13 @@ class PLLivePreview final : public QWidget
     Q_OBJECT
 
 public:
-    explicit PLLivePreview(PLPageTextView &textView, QWidget *parent = nullptr);
+    /// Answers the preview to show, or null and the reason for it.
+    using Loader = std::function<PLPreviewView *(QWidget *parent, QString *reason)>;
+
+    explicit PLLivePreview(PLPageTextView &textView, Loader loader = PLLoadPreviewView);
+
+    /// To be called before the window is created, if the preview will be shown in it from the start.
+    void prepareWindow();
 
     /// Another page is open; its document is loaded afresh. Pictures are relative to this folder.
     void pageDidLoad(const QUrl &baseURL);
@@ -41,11 +51,14 @@ protected:
 
 private:
     void makeView();
-    void show(PLPreviewView *view);
+    void takeView();
+    void connectView(PLPreviewView *view);
+    void showView();
     void showReason(const QString &reason);
     void openLink(const QUrl &url) const;
 
     PLPageTextView &m_textView;
+    Loader m_loader;
     PLPreviewView *m_view = nullptr;
     QUrl m_baseURL;
     QTimer m_timer;

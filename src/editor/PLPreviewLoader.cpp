@@ -8,8 +8,11 @@
 #include "i18n/PLDesktopStrings.h"
 
 #include <QCoreApplication>
+#include <QLibrary>
 #include <QOpenGLContext>
 #include <QPluginLoader>
+#include <QWidget>
+#include <QWindow>
 
 #include <memory>
 
@@ -44,6 +47,11 @@ void shareDrawingContext()
     qInstallMessageHandler(previous);
 }
 
+QString pluginPath(const QString &name)
+{
+    return QCoreApplication::applicationDirPath() + u"/" AQUILANE_PLUGINS_FROM_BIN u"/"_s + name;
+}
+
 PLPreviewView *refuse(QString *reason, const QString &text)
 {
     if (reason)
@@ -53,10 +61,28 @@ PLPreviewView *refuse(QString *reason, const QString &text)
 
 } // namespace
 
+void PLPreparePreviewWindow(QWidget *pane)
+{
+    QLibrary library(pluginPath(u"aquilane_preview_surface"_s));
+    if (!PLCanSandboxPreview() || !library.load())
+        return;
+    shareDrawingContext();
+    if (!QOpenGLContext::globalShareContext()->isValid())
+        return; // no driver: a window for it would stay black
+    if (const auto makeSurface =
+            reinterpret_cast<QWidget *(*)(QWidget *)>(library.resolve("PLMakePreviewSurface")))
+        makeSurface(pane);
+}
+
+bool PLIsPreviewWindowReady(const QWidget *window)
+{
+    return !window->testAttribute(Qt::WA_WState_Created) ||
+           window->windowHandle()->surfaceType() == QSurface::OpenGLSurface;
+}
+
 PLPreviewView *PLLoadPreviewView(QWidget *parent, QString *reason)
 {
-    const QString folder = QCoreApplication::applicationDirPath() + u"/" AQUILANE_PLUGINS_FROM_BIN u"/"_s;
-    return PLLoadPreviewViewFromPlugin(folder + u"aquilane_preview"_s, parent, reason);
+    return PLLoadPreviewViewFromPlugin(pluginPath(u"aquilane_preview"_s), parent, reason);
 }
 
 PLPreviewView *PLLoadPreviewViewFromPlugin(const QString &path, QWidget *parent, QString *reason)

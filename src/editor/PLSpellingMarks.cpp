@@ -12,8 +12,11 @@
 #include <QTextEdit>
 #include <QTextLayout>
 
+using namespace std::chrono_literals;
+
 namespace {
 
+constexpr auto loadingPause = 400ms;
 constexpr int typingDelay = 150; // milliseconds
 constexpr int scrollDelay = 30;
 constexpr int slice = 4;
@@ -133,10 +136,8 @@ void PLSpellingMarks::update()
     adoptDocument();
     if (!m_view->isVisible() || isComposing())
         return;
-    if (!m_checker->isLoaded()) {
-        m_checker->isAvailable(); // takes its time, so nothing else is done in this slice
-        return schedule(0);
-    }
+    if (!m_checker->isLoaded())
+        return loadAtNextPause();
     QElapsedTimer timer;
     timer.start();
     const PLTextRange visible = m_marks.visibleRange();
@@ -160,6 +161,21 @@ void PLSpellingMarks::update()
     if (!isBeingTypedSomewhere && isSettled())
         m_lastEdit = -1;
     m_marks.setMarks(PLTextMarks::Kind::Misspelling, marks);
+}
+
+/// Reading the dictionary takes the time of three frames: not when a page opens, nor between two keys.
+void PLSpellingMarks::loadAtNextPause()
+{
+    if (m_pause)
+        return;
+    m_pause = new PLTypingPause(loadingPause, this);
+    connect(m_pause, &PLTypingPause::reached, this, [this] {
+        m_pause->deleteLater();
+        m_pause.clear();
+        if (m_isEnabled)
+            m_checker->isAvailable();
+        schedule(0);
+    });
 }
 
 bool PLSpellingMarks::isComposing() const

@@ -22,22 +22,27 @@ PLPageCommands::PLPageCommands(const Parts &parts, QObject *parent) : QObject(pa
 
 void PLPageCommands::createItemInSection(PLSection section)
 {
+    m_parts.sidebar.commitTitle();
     m_parts.session.saveCurrentItem();
     PLError error;
     const PLProjectItemPointer item = m_parts.project.createItemInSection(section, QString(), &error);
     if (!item)
         return PLAlert::presentError(error, &m_parts.window);
+    m_renamedItem = nullptr; // the sidebar is read again here, and shows the new page
     m_parts.sidebar.reloadSidebarSelectingURL(item->fileURL(), PLSection::None);
     m_parts.sidebar.editTitleOfNode(m_parts.sidebar.selectedNode());
 }
 
 void PLPageCommands::renameItem(const PLProjectItemPointer &item)
 {
+    m_parts.sidebar.commitTitle();
+    finishRename();
     if (item)
         m_parts.sidebar.editTitleOfNode(m_parts.sidebar.tree().sectionItemForURL(item->fileURL()));
 }
 
-void PLPageCommands::trashItem(const PLProjectItemPointer &item)
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may go while a question is asked
+void PLPageCommands::trashItem(PLProjectItemPointer item)
 {
     if (!item)
         return QApplication::beep();
@@ -77,7 +82,8 @@ PLProjectItemPointer PLPageCommands::targetItemForNode(const PLSidebarNode *node
     return page ? page->item : item;
 }
 
-void PLPageCommands::endTitleEditing(const PLProjectItemPointer &item, const QString &typedTitle)
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may go while an alert is shown
+void PLPageCommands::endTitleEditing(PLProjectItemPointer item, const QString &typedTitle)
 {
     const QString title = PLTrimmedSpacesAndNewlines(typedTitle).toString();
     if (title.isEmpty() || title == item->title())
@@ -91,9 +97,8 @@ void PLPageCommands::endTitleEditing(const PLProjectItemPointer &item, const QSt
     if (isCurrent)
         m_parts.session.setCurrentItem(item);
     Q_EMIT currentItemRenamed();
-    // Not now: the row's field is still closing.
-    QMetaObject::invokeMethod(
-        this, [this, item] { finishRename(item); }, Qt::QueuedConnection);
+    m_renamedItem = item;
+    QMetaObject::invokeMethod(this, &PLPageCommands::finishRename, Qt::QueuedConnection);
 }
 
 void PLPageCommands::focusTextIfEditing(const PLProjectItemPointer &item) const
@@ -128,8 +133,11 @@ bool PLPageCommands::confirmTrash(const PLProjectItem &item) const
     return alert.runModal() == PLAlert::FirstButton;
 }
 
-void PLPageCommands::finishRename(const PLProjectItemPointer &item)
+void PLPageCommands::finishRename()
 {
+    const PLProjectItemPointer item = std::exchange(m_renamedItem, nullptr);
+    if (!item)
+        return;
     m_parts.sidebar.reloadSidebarSelectingURL(item->fileURL(), PLSection::None);
     focusTextIfEditing(item);
 }

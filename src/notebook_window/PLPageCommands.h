@@ -38,7 +38,7 @@ public:
     /// Opens the page's title for typing in its row; nothing for null.
     void renameItem(const PLProjectItemPointer &item);
     /// Asks, then moves the page to the trash; a beep for null.
-    void trashItem(const PLProjectItemPointer &item);
+    void trashItem(PLProjectItemPointer item);
     /// Shows the row's file, the section's folder or the notebook's in the file manager.
     void revealInFinder(const PLSidebarNode *node) const;
 
@@ -46,7 +46,7 @@ public:
     PLProjectItemPointer targetItemForNode(const PLSidebarNode *node) const;
 
     /// A title was typed for a page: renames its file, unless the text of the page could not be saved before.
-    void endTitleEditing(const PLProjectItemPointer &item, const QString &typedTitle);
+    void endTitleEditing(PLProjectItemPointer item, const QString &typedTitle);
     /// Goes on typing in the page, if this is the one that is open.
     void focusTextIfEditing(const PLProjectItemPointer &item) const;
 
@@ -59,7 +59,8 @@ Q_SIGNALS:
 private:
     QUrl locationOfNode(const PLSidebarNode *node) const;
     bool confirmTrash(const PLProjectItem &item) const;
-    void finishRename(const PLProjectItemPointer &item);
+    void finishRename();
 
     Parts m_parts;
+    PLProjectItemPointer m_renamedItem; ///< until the sidebar shows its new title
 };

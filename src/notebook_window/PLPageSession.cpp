@@ -10,6 +10,7 @@
 #include "platform/PLAlert.h"
 
 #include <QFileInfo>
+#include <QScrollBar>
 
 #include <chrono>
 
@@ -36,6 +37,7 @@ PLPageSession::~PLPageSession() = default;
 
 bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
 {
+    m_onDisk.remember(*item);
     QString contents = item->readContents(error);
     if (contents.isNull()) {
         closeItem();
@@ -52,6 +54,26 @@ bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
     m_editor.setTags(PLProjectItem::tagsFromString(m_currentFields.value(u"tags"_s)));
     setDirty(false);
     return true;
+}
+
+void PLPageSession::followDisk()
+{
+    if (!m_currentItem || m_dirty || !m_onDisk.changedBytes(*m_currentItem))
+        return;
+    const PLProjectItemPointer item = m_currentItem;
+    const PLPageOnDisk onDisk = m_onDisk;
+    const int caret = m_editor.textView()->textCursor().position();
+    const int scroll = m_editor.textView()->verticalScrollBar()->value();
+    if (!openItem(item, nullptr)) {
+        // What is on the screen stays the text of the page, and what cannot be read will not be overwritten.
+        m_currentItem = item;
+        m_onDisk = onDisk;
+        return;
+    }
+    QTextCursor cursor = m_editor.textView()->textCursor();
+    cursor.setPosition(qMin(caret, m_editor.textView()->document()->characterCount() - 1));
+    m_editor.textView()->setTextCursor(cursor);
+    m_editor.textView()->verticalScrollBar()->setValue(scroll);
 }
 
 void PLPageSession::setCurrentItem(const PLProjectItemPointer &item)
@@ -85,13 +107,33 @@ bool PLPageSession::saveCurrentItem(SaveFailure failure)
         return false;
     m_saving = true;
     PLError error;
-    const bool written = m_currentItem->writeContents(composedFileContents(), &error);
+    const bool written = writeCurrentItem(&error);
     if (written)
         setDirty(false);
     else if (failure == SaveFailure::Tell)
         tellSaveFailure(error);
     m_saving = false;
     return written;
+}
+
+/// If another program has changed the file, what it holds goes into a page of its own first; without that
+/// nothing is written.
+bool PLPageSession::writeCurrentItem(PLError *error)
+{
+    const QString contents = composedFileContents();
+    const QByteArray ours = contents.toUtf8();
+    const std::optional<QByteArray> theirs = m_onDisk.changedBytes(*m_currentItem);
+    if (theirs && *theirs != ours) {
+        const PLProjectItemPointer kept = PLKeepBesidePage(*m_currentItem, *theirs, error);
+        if (!kept)
+            return false;
+        m_onDisk.remember(*theirs); // it is kept, even if the write fails and is tried again
+        Q_EMIT outsideTextKept(m_currentItem, kept);
+    }
+    if (!m_currentItem->writeContents(contents, error))
+        return false;
+    m_onDisk.remember(ours);
+    return true;
 }
 
 void PLPageSession::saveDocument()

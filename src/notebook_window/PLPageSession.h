@@ -4,6 +4,7 @@
 #pragma once
 
 #include "foundation/PLError.h"
+#include "notebook_window/PLPageOnDisk.h"
 #include "storage/PLFrontMatter.h"
 #include "storage/PLProjectItem.h"
 
@@ -14,6 +15,7 @@ class PLEditorView;
 
 /// The page that is open in a notebook window: loaded into the editor, changed, and written back two seconds
 /// after the last change, its header as it was but for the tags. The disk is written here and nowhere else.
+/// What another program has written into the same page meanwhile is kept as a page of its own.
 class PLPageSession final : public QObject
 {
     Q_OBJECT
@@ -32,6 +34,8 @@ public:
 
     /// Loads a page; on failure no page is open. What was open must have been saved before.
     [[nodiscard]] bool openItem(const PLProjectItemPointer &item, PLError *error);
+    /// Loads the page anew if another program has changed it and the writer has not.
+    void followDisk();
     /// The same file as another object, as after the list was read again; the text is left as it is.
     void setCurrentItem(const PLProjectItemPointer &item);
     /// No page is open any more; what was not saved is dropped.
@@ -53,8 +57,11 @@ public:
 
 Q_SIGNALS:
     void dirtyChanged(bool isDirty);
+    /// Another program had changed the page's file; its text is now this other page.
+    void outsideTextKept(const PLProjectItemPointer &page, const PLProjectItemPointer &keptPage);
 
 private:
+    bool writeCurrentItem(PLError *error);
     void setDirty(bool dirty);
     void tellSaveFailure(const PLError &error) const;
 
@@ -63,6 +70,7 @@ private:
     PLFrontMatter::Fields m_currentFields;
     QStringList m_currentKeys;
     QString m_leadingMark; ///< U+FEFF if the file begins with it
+    PLPageOnDisk m_onDisk;
     QTimer m_saveTimer;
     bool m_dirty = false;
     bool m_saving = false;

@@ -7,6 +7,7 @@
 #include "editor/PLPageTextView.h"
 #include "editor/PLTagField.h"
 #include "foundation/PLText.h"
+#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "notebook_window/PLMakeLabel.h"
 #include "notebook_window/PLPageCommands.h"
@@ -64,7 +65,7 @@ PLProjectWindowController::PLProjectWindowController(std::unique_ptr<PLProject> 
 {
     buildWindow();
     connectParts();
-    m_sidebar->reloadSidebarSelectingURL(QUrl(), PLSection::None);
+    selectionChanged(); // nothing yet: what is shown should the first chapter be unreadable
     m_sidebar->selectFirstChapter();
 }
 
@@ -85,6 +86,7 @@ void PLProjectWindowController::showWindow()
 
 bool PLProjectWindowController::saveCurrentItem()
 {
+    m_sidebar->commitTitle();
     return m_session->saveCurrentItem();
 }
 
@@ -122,15 +124,17 @@ void PLProjectWindowController::windowDidBecomeKey()
 {
     // A page that is still dirty could not be saved. Its folder may be gone, and a list without the page
     // would close it, and its text with it.
-    if (!m_session->isDirty() && !m_sidebar->isEditingTitle() && !m_sidebar->tree().isEmpty())
-        refreshSidebar();
+    if (m_session->isDirty() || m_sidebar->isEditingName() || m_sidebar->tree().isEmpty())
+        return;
+    m_session->followDisk();
+    refreshSidebar();
 }
 
 void PLProjectWindowController::windowDidResignKey()
 {
     // An alert of our own takes the focus, perhaps about this very page: it must not lead to another one.
     if (!QApplication::activeModalWidget())
-        saveCurrentItem();
+        m_session->saveCurrentItem();
 }
 
 std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
@@ -215,6 +219,9 @@ void PLProjectWindowController::connectParts()
     m_pageCommands = std::make_unique<PLPageCommands>(
         PLPageCommands::Parts{*m_project, *m_sidebar, *m_session, *m_editorView, *m_window});
     connect(m_session.get(), &PLPageSession::dirtyChanged, m_window.get(), &QWidget::setWindowModified);
+    // Not now: the page is being saved.
+    connect(m_session.get(), &PLPageSession::outsideTextKept, this,
+            &PLProjectWindowController::tellOutsideText, Qt::QueuedConnection);
     connect(m_pageCommands.get(), &PLPageCommands::currentItemRenamed, this,
             &PLProjectWindowController::updateWindowTitle);
     connectSidebar();
@@ -233,6 +240,10 @@ void PLProjectWindowController::connectSidebar()
     connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
     connect(sidebar, &PLSidebarController::titleEditingCancelled, commands,
             &PLPageCommands::focusTextIfEditing);
+    connect(sidebar, &PLSidebarController::nameEditingEnded, this, [this] {
+        if (std::exchange(m_refreshIsDue, false))
+            refreshSidebar();
+    });
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
             [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });
@@ -271,11 +282,11 @@ void PLProjectWindowController::switchPane()
 
 void PLProjectWindowController::selectionChanged()
 {
-    const PLSidebarNode *node = m_sidebar->selectedNode();
-    if (const PLProjectItemPointer item = PLItemOfNode(node))
+    if (const PLProjectItemPointer item = PLItemOfNode(m_sidebar->selectedNode()))
         return openSelectedItem(item);
     m_session->saveCurrentItem();
     m_session->closeItem();
+    const PLSidebarNode *node = m_sidebar->selectedNode(); // an alert may have let the list be read again
     if (node && node->kind() == PLSidebarNode::Kind::Tag)
         m_sidebar->expandNode(node);
     m_placeholderLabel->setText(PLPlaceholderText(node));
@@ -318,5 +329,27 @@ void PLProjectWindowController::updateWindowTitle()
 void PLProjectWindowController::tagsDidChange()
 {
     if (m_session->saveChangedTags())
-        QMetaObject::invokeMethod(this, &PLProjectWindowController::refreshSidebar, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &PLProjectWindowController::refreshWhenNoTitleIsTyped,
+                                  Qt::QueuedConnection);
+}
+
+void PLProjectWindowController::refreshWhenNoTitleIsTyped()
+{
+    m_refreshIsDue = m_sidebar->isEditingName();
+    if (!m_refreshIsDue)
+        refreshSidebar();
+}
+
+void PLProjectWindowController::tellOutsideText(const PLProjectItemPointer &page,
+                                                const PLProjectItemPointer &keptPage)
+{
+    refreshWhenNoTitleIsTyped();
+    PLAlert alert;
+    alert.style = PLAlert::Style::Informational;
+    alert.message =
+        PLFormat(PLDesktopString(u"« %@ » a été modifié par un autre programme."_s), {page->title()});
+    alert.informativeText = PLFormat(
+        PLDesktopString(u"Les deux textes sont gardés : le vôtre dans cette page, l'autre dans « %@ »."_s),
+        {keptPage->title()});
+    alert.runModal(m_window.get());
 }

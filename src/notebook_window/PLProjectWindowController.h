@@ -78,6 +78,8 @@ private:
     void showPlaceholder(bool visible);
     void updateWindowTitle();
     void tagsDidChange();
+    void refreshWhenNoTitleIsTyped();
+    void tellOutsideText(const PLProjectItemPointer &page, const PLProjectItemPointer &keptPage);
 
     std::unique_ptr<PLProject> m_project;
     std::unique_ptr<PLWindow> m_window;
@@ -89,4 +91,5 @@ private:
     PLPaperView *m_paperView = nullptr;
     PLEditorView *m_editorView = nullptr;
     QLabel *m_placeholderLabel = nullptr;
+    bool m_refreshIsDue = false; ///< when the title that is being typed is done
 };

@@ -7,6 +7,7 @@
 #include "notebook_window/PLSidebarView.h"
 #include "storage/PLProject.h"
 
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -49,12 +50,7 @@ PLSidebarController::PLSidebarController(const PLProject &project, QObject *pare
     connect(m_rowDelegate, &PLSidebarRowDelegate::editingEnded, this,
             &PLSidebarController::titleEditingEnded);
     connect(m_rowDelegate, &PLSidebarRowDelegate::titleTyped, this,
-            [this](const QModelIndex &, const QString &title) {
-                const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
-                m_editingTitle = false;
-                if (item)
-                    Q_EMIT titleTyped(item, title);
-            });
+            [this](const QModelIndex &, const QString &title) { titleFieldFilled(title); });
 }
 
 PLSidebarController::~PLSidebarController()
@@ -68,7 +64,9 @@ PLSidebarController::~PLSidebarController()
 PLSidebarNode *PLSidebarController::selectedNode() const
 {
     const QModelIndexList selected = m_view->selectionModel()->selectedIndexes();
-    return selected.isEmpty() ? nullptr : m_model.nodeForIndex(selected.constFirst());
+    if (selected.isEmpty() || !isInSight(selected.constFirst()))
+        return nullptr;
+    return m_model.nodeForIndex(selected.constFirst());
 }
 
 void PLSidebarController::reloadSidebarData()
@@ -115,8 +113,7 @@ void PLSidebarController::selectFirstChapter()
     reloadSidebarData();
     const PLSidebarSection *book = tree().section(PLSection::Book);
     const bool hasPages = book && book->childCount() > 0;
-    const QUrl first = hasPages ? PLItemOfNode(book->children().front().get())->fileURL() : QUrl();
-    reloadSidebarSelectingURL(first, hasPages ? PLSection::None : PLSection::Book);
+    selectSidebarObject(hasPages ? book->children().front().get() : book);
 }
 
 void PLSidebarController::expandNode(const PLSidebarNode *node)
@@ -130,9 +127,25 @@ void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
     if (!index.isValid() || !isInSight(index))
         return;
     m_view->setCurrentIndex(index);
-    m_titleItem = PLItemOfNode(selectedNode());
     m_view->setFocus();
+    // Opening the page or leaving the tags may have shown an alert, and the list been read again since.
+    const PLSidebarNode *selected = selectedNode();
+    if (!selected || selected->kind() != Kind::Page)
+        return;
+    m_titleItem = PLItemOfNode(selected);
     m_view->edit(m_view->currentIndex());
+}
+
+void PLSidebarController::commitTitle()
+{
+    if (!m_titleField)
+        return;
+    QLineEdit *field = std::exchange(m_titleField, nullptr);
+    const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
+    const QString title = field->text();
+    Q_EMIT m_rowDelegate->closeEditor(field);
+    Q_EMIT titleTyped(item, title);
+    Q_EMIT nameEditingEnded();
 }
 
 /// The rows that were in sight stay where they are.
@@ -205,16 +218,36 @@ const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node
     return newTree.sectionItemForURL(PLItemOfNode(&node)->fileURL());
 }
 
-void PLSidebarController::titleEditingBegan()
+void PLSidebarController::titleEditingBegan(QLineEdit *field)
 {
-    m_editingTitle = true;
+    m_titleField = field;
+}
+
+/// Told when the event loop has turned. The view is in the middle of closing the field, and an alert about
+/// the title, which runs a loop of its own, would pull the field from under it.
+void PLSidebarController::titleFieldFilled(const QString &title)
+{
+    const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
+    m_titleField = nullptr;
+    if (!item)
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, item, title] {
+            Q_EMIT titleTyped(item, title);
+            Q_EMIT nameEditingEnded();
+        },
+        Qt::QueuedConnection);
 }
 
 /// Escape leaves the field without a word to the model, so the end of the editor is what is waited for.
-void PLSidebarController::titleEditingEnded()
+void PLSidebarController::titleEditingEnded(const QObject *field)
 {
-    m_editingTitle = false;
+    if (field != m_titleField)
+        return;
+    m_titleField = nullptr;
     const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
     if (item)
         Q_EMIT titleEditingCancelled(item);
+    Q_EMIT nameEditingEnded();
 }

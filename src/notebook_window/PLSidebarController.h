@@ -10,6 +10,7 @@
 class PLProject;
 class PLSidebarRowDelegate;
 class PLSidebarView;
+class QLineEdit;
 
 /// Keeps the sidebar in step with the disk: rebuilds it, remembers which tags are open, and puts the
 /// selection back on the row that means the same.
@@ -27,10 +28,10 @@ public:
     const PLSidebarTree &tree() const { return m_model.tree(); }
     const QStringList &allTags() const { return tree().allTags(); }
 
-    /// Null when no row is selected.
+    /// Null when no row is selected; a row inside a closed one is not.
     PLSidebarNode *selectedNode() const;
     PLSidebarNode *nodeForIndex(const QModelIndex &index) const { return m_model.nodeForIndex(index); }
-    bool isEditingTitle() const { return m_editingTitle; }
+    bool isEditingName() const { return m_titleField != nullptr; }
 
     /// Reads the notebook again. All sections are open then, and the tags the writer had opened.
     void reloadSidebarData();
@@ -46,14 +47,18 @@ public:
     void expandNode(const PLSidebarNode *node);
     /// Selects the row and opens its title for typing, all of it selected.
     void editTitleOfNode(const PLSidebarNode *node);
+    /// Takes the title that is being typed as it is, as Return would; titleTyped is told before this returns.
+    void commitTitle();
 
 Q_SIGNALS:
     /// The selection has moved, or has been set again by the program.
     void selectionChanged();
-    /// A title was typed into the row of a page.
+    /// A title was typed into the row of a page, and its field is closed.
     void titleTyped(const PLProjectItemPointer &item, const QString &title);
     /// The title's field was left without a new title.
     void titleEditingCancelled(const PLProjectItemPointer &item);
+    /// No title is being typed any more; told after the other two.
+    void nameEditingEnded();
 
 private:
     void showTree(std::unique_ptr<PLSidebarTree> tree);
@@ -61,15 +66,16 @@ private:
     void expandSectionsAndKnownTags();
     bool isInSight(const QModelIndex &index) const;
     const PLSidebarNode *equivalentOf(const PLSidebarNode &node, const PLSidebarTree &newTree) const;
-    void titleEditingBegan();
-    void titleEditingEnded();
+    void titleEditingBegan(QLineEdit *field);
+    void titleFieldFilled(const QString &title);
+    void titleEditingEnded(const QObject *field);
 
     const PLProject &m_project;
     PLSidebarModel m_model;
     PLSidebarView *m_view;
     PLSidebarRowDelegate *m_rowDelegate;
-    QSet<QString> m_expandedTags;     ///< in lower case
-    PLProjectItemPointer m_titleItem; ///< whose title is being typed
+    QSet<QString> m_expandedTags;      ///< in lower case
+    PLProjectItemPointer m_titleItem;  ///< whose title is being typed
+    QLineEdit *m_titleField = nullptr; ///< where it is being typed
     bool m_reloading = false;
-    bool m_editingTitle = false;
 };

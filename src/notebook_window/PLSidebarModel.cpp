@@ -4,6 +4,7 @@
 #include "notebook_window/PLSidebarModel.h"
 
 #include "foundation/PLText.h"
+#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "storage/PLProject.h"
 
@@ -11,20 +12,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString sectionTitle(const PLSidebarSection &section)
+QString upperCased(const QString &text)
 {
-    if (section.isTagSection)
-        return PLLocalizedString(u"TAGS"_s);
-    return QLocale(PLLocalization::localeIdentifier())
-        .toUpper(PLProject::displayNameForSection(section.section));
+    return QLocale(PLLocalization::localeIdentifier()).toUpper(text);
 }
 
 QString sectionText(const PLSidebarSection &section)
 {
-    const QString title = sectionTitle(section);
+    const QString title = upperCased(PLSidebarTitle(section));
     if (section.childCount() == 0)
         return title;
     return PLFormat(u"%@  ·  %lu"_s, {title, QString::number(section.childCount())});
+}
+
+/// The dot, the sign of tags and the capitals are for the eye.
+QString accessibleText(const PLSidebarNode &node)
+{
+    if (node.childCount() == 0)
+        return PLSidebarTitle(node);
+    return PLFormat(u"%@, %lu"_s, {PLSidebarTitle(node), QString::number(node.childCount())});
 }
 
 } // namespace
@@ -88,17 +94,24 @@ QVariant PLSidebarModel::data(const QModelIndex &index, int role) const
         return {};
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
         return PLSidebarText(*node);
+    case Qt::AccessibleTextRole:
+        return accessibleText(*node);
     case Qt::EditRole:
         return node->kind() == PLSidebarNode::Kind::Page ? PLItemOfNode(node)->title() : QVariant();
-    case Qt::ToolTipRole: {
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: {
         const QString toolTip = PLSidebarToolTip(*node);
         return toolTip.isNull() ? QVariant() : QVariant(toolTip);
     }
     default:
         return {};
     }
+}
+
+QVariant PLSidebarModel::headerData(int, Qt::Orientation, int role) const
+{
+    return role == Qt::DisplayRole ? QVariant(PLDesktopString(u"Pages du carnet"_s)) : QVariant();
 }
 
 Qt::ItemFlags PLSidebarModel::flags(const QModelIndex &index) const
@@ -108,6 +121,17 @@ Qt::ItemFlags PLSidebarModel::flags(const QModelIndex &index) const
         return Qt::NoItemFlags;
     const Qt::ItemFlags common = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     return node->kind() == PLSidebarNode::Kind::Page ? common | Qt::ItemIsEditable : common;
+}
+
+QString PLSidebarTitle(const PLSidebarNode &node)
+{
+    if (node.kind() == PLSidebarNode::Kind::Tag)
+        return static_cast<const PLSidebarTag &>(node).name;
+    if (node.kind() != PLSidebarNode::Kind::Section)
+        return PLItemOfNode(&node)->title();
+    const auto &section = static_cast<const PLSidebarSection &>(node);
+    return section.isTagSection ? PLLocalizedString(u"TAGS"_s)
+                                : PLProject::displayNameForSection(section.section);
 }
 
 QString PLSidebarText(const PLSidebarNode &node)

@@ -28,12 +28,16 @@ public:
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role) const override;
+    /// No header is shown, but a screen reader reads it.
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
     std::unique_ptr<PLSidebarTree> m_tree;
 };
 
+/// The name of the section, of the tag or of the page, without signs or counts.
+QString PLSidebarTitle(const PLSidebarNode &node);
 /// What a row shows: "LE LIVRE  ·  35", "# Paris  (3)", the page's title.
 QString PLSidebarText(const PLSidebarNode &node);
 /// The chapter's number, the section of a page under a tag; null for the other rows.

@@ -6,6 +6,7 @@
 #include "notebook_window/PLSidebarModel.h"
 #include "theme/PLTheme.h"
 
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -15,10 +16,16 @@ constexpr int sectionHeight = 28;
 constexpr int rowHeight = 22;
 constexpr int rowSpacing = 2;
 
+/// The part of a row that is drawn in; half of the spacing is above it, half below.
+QRect cellOf(const QRect &row)
+{
+    return row.adjusted(0, rowSpacing / 2, 0, -rowSpacing / 2);
+}
+
 /// What is drawn in a row: a coloured tab, and a text after it.
 struct RowLook
 {
-    QRect mark; ///< relative to the row; null for none
+    QRect mark; ///< relative to the cell; null for none
     QColor markColor;
     QRect label;
     QColor textColor;
@@ -94,7 +101,8 @@ PLSidebarRowDelegate::PLSidebarRowDelegate(QObject *parent) : QStyledItemDelegat
 
 QRect PLSidebarRowDelegate::addButtonRect(const QRect &row)
 {
-    return QRect(row.right() + 1 - 24, row.top() + 5, 20, 18);
+    const QRect cell = cellOf(row);
+    return QRect(cell.right() + 1 - 24, cell.top() + 5, 20, 18);
 }
 
 void PLSidebarRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -102,7 +110,7 @@ void PLSidebarRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
 {
     const PLSidebarNode *node = nodeOf(index);
     const RowLook look = lookOf(*node, option.rect.width());
-    const QPoint origin = option.rect.topLeft();
+    const QPoint origin = cellOf(option.rect).topLeft();
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     if (option.state.testFlag(QStyle::State_Selected))
@@ -136,8 +144,8 @@ QWidget *PLSidebarRowDelegate::createEditor(QWidget *parent, const QStyleOptionV
     colors.setColor(QPalette::Base, PLTheme::paperColor());
     colors.setColor(QPalette::Text, PLTheme::inkColor());
     field->setPalette(colors);
-    Q_EMIT editingBegan();
-    connect(field, &QObject::destroyed, this, [this] { Q_EMIT editingEnded(); });
+    Q_EMIT editingBegan(field);
+    connect(field, &QObject::destroyed, this, [this](const QObject *gone) { Q_EMIT editingEnded(gone); });
     return field;
 }
 
@@ -158,5 +166,17 @@ void PLSidebarRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *, c
 void PLSidebarRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                                                 const QModelIndex &) const
 {
-    editor->setGeometry(option.rect.adjusted(0, 0, 0, -rowSpacing));
+    editor->setGeometry(cellOf(option.rect));
+}
+
+/// A title waits for the writer who looks something up in another window, or opens a menu.
+bool PLSidebarRowDelegate::eventFilter(QObject *field, QEvent *event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+            reason == Qt::MenuBarFocusReason)
+            return false;
+    }
+    return QStyledItemDelegate::eventFilter(field, event);
 }

@@ -7,6 +7,8 @@
 
 #include <QStyledItemDelegate>
 
+class QLineEdit;
+
 /// Draws the four kinds of rows of the sidebar, and edits a page's title in its row.
 class PLSidebarRowDelegate final : public QStyledItemDelegate
 {
@@ -31,6 +33,10 @@ public:
 Q_SIGNALS:
     /// The writer has typed a title for the page of this row.
     void titleTyped(const QModelIndex &index, const QString &title) const;
-    void editingBegan() const;
-    void editingEnded() const;
+    void editingBegan(QLineEdit *field) const;
+    /// The field is gone, whatever became of its text. Only its address is told.
+    void editingEnded(const QObject *field) const;
+
+protected:
+    bool eventFilter(QObject *field, QEvent *event) override;
 };

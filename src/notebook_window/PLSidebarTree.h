@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QUrl>
 
+#include <functional>
+
 class PLProject;
 
 /// The sidebar's rows as they are on the disk at one moment: the five sections with their pages, then the
@@ -40,6 +42,7 @@ public:
 private:
     class Root;
 
+    PLSidebarPage *firstPage(const std::function<bool(const PLProjectItem &)> &isWanted) const;
     void buildTagSectionFromSections();
 
     std::unique_ptr<Root> m_root;

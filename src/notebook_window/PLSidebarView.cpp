@@ -3,12 +3,14 @@
 
 #include "notebook_window/PLSidebarView.h"
 
+#include "foundation/PLText.h"
 #include "i18n/PLDesktopStrings.h"
 #include "notebook_window/PLSidebarModel.h"
 #include "notebook_window/PLSidebarRowDelegate.h"
 #include "storage/PLProject.h"
 #include "theme/PLTheme.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -33,6 +35,7 @@ PLSidebarView::PLSidebarView(QWidget *parent) : QTreeView(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTextElideMode(Qt::ElideRight);
+    setAccessibleName(PLDesktopString(u"Pages du carnet"_s));
     applyColors();
 }
 
@@ -55,6 +58,12 @@ void PLSidebarView::contextMenuEvent(QContextMenuEvent *event)
         Q_EMIT contextMenuRequested(indexAt(event->pos()), event->globalPos());
         return;
     }
+    requestMenuOfCurrentRow();
+}
+
+void PLSidebarView::requestMenuOfCurrentRow()
+{
+    scrollTo(currentIndex());
     const QRect row = visualRect(currentIndex());
     Q_EMIT contextMenuRequested(currentIndex(), viewport()->mapToGlobal(row.center()));
 }
@@ -74,9 +83,15 @@ void PLSidebarView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Backspace:
         Q_EMIT trashRequested();
         return;
+    case Qt::Key_F10:
+        // Qt 6.4 makes a request of the menu key under X11, but not of the older Shift+F10.
+        if (event->modifiers() == Qt::ShiftModifier)
+            return requestMenuOfCurrentRow();
+        break;
     default:
-        QTreeView::keyPressEvent(event);
+        break;
     }
+    QTreeView::keyPressEvent(event);
 }
 
 void PLSidebarView::mousePressEvent(QMouseEvent *event)
@@ -89,6 +104,41 @@ void PLSidebarView::mousePressEvent(QMouseEvent *event)
     // A right click shows the menu of a row without selecting it: the page that is open stays open.
     if (event->button() != Qt::RightButton)
         QTreeView::mousePressEvent(event);
+}
+
+/// Finds the next row whose title begins as typed, whatever its case and accents.
+void PLSidebarView::keyboardSearch(const QString &typed)
+{
+    const bool goesOn =
+        m_sinceTyping.isValid() && !m_sinceTyping.hasExpired(QApplication::keyboardInputInterval());
+    m_sinceTyping.start();
+    m_searchedTitle = goesOn ? m_searchedTitle + typed : typed;
+    if (m_searchedTitle.isEmpty() || !model()->hasChildren())
+        return;
+    // One letter, and the same letter again, go on to the next row.
+    const bool isOneLetter = m_searchedTitle.count(m_searchedTitle.front()) == m_searchedTitle.size();
+    const QString start =
+        PLFoldedCaseAndDiacritics(isOneLetter ? QString(m_searchedTitle.front()) : m_searchedTitle);
+    const QModelIndex first = currentIndex().isValid() ? currentIndex() : model()->index(0, 0);
+    QModelIndex row = isOneLetter ? rowAfter(first) : first;
+    do {
+        const auto *node = static_cast<const PLSidebarNode *>(row.internalPointer());
+        if (PLFoldedCaseAndDiacritics(PLSidebarTitle(*node)).startsWith(start))
+            return setCurrentIndex(row);
+        row = rowAfter(row);
+    } while (row != (isOneLetter ? rowAfter(first) : first));
+}
+
+QModelIndex PLSidebarView::rowAfter(const QModelIndex &row) const
+{
+    const QModelIndex below = indexBelow(row);
+    return below.isValid() ? below : model()->index(0, 0);
+}
+
+/// Tab ends a title as Return does; it does not go on to the title of the next page.
+void PLSidebarView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint)
+{
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 void PLSidebarView::applyColors()
@@ -109,7 +159,8 @@ PLSection PLSidebarView::addButtonAt(const QPoint &position) const
     const QModelIndex index = indexAt(position);
     if (!index.isValid() || index.parent().isValid())
         return PLSection::None;
-    const auto *section = static_cast<const PLSidebarSection *>(index.internalPointer());
+    const auto *node = static_cast<const PLSidebarNode *>(index.internalPointer());
+    const auto *section = static_cast<const PLSidebarSection *>(node);
     if (section->isTagSection || !PLSidebarRowDelegate::addButtonRect(visualRect(index)).contains(position))
         return PLSection::None;
     return section->section;

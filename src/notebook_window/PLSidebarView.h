@@ -5,6 +5,7 @@
 
 #include "storage/PLSection.h"
 
+#include <QElapsedTimer>
 #include <QTreeView>
 
 /// The outline of a notebook: turns clicks and keys on its rows into what the writer wants of them.
@@ -30,9 +31,17 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void keyboardSearch(const QString &typed) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
     void applyColors();
+    void requestMenuOfCurrentRow();
     /// The section whose add button is at this point, None for another point.
     PLSection addButtonAt(const QPoint &position) const;
+    /// The row below, or the first one below the last.
+    QModelIndex rowAfter(const QModelIndex &row) const;
+
+    QString m_searchedTitle; ///< what was typed so far to find a row by its title
+    QElapsedTimer m_sinceTyping;
 };

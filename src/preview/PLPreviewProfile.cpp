@@ -3,9 +3,12 @@
 
 #include "preview/PLPreviewProfile.h"
 
+#include <QLoggingCategory>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,6 +42,8 @@ constexpr QWebEngineSettings::WebAttribute switchedOff[] = {
 
 std::shared_ptr<QWebEngineProfile> makeProfile()
 {
+    // The engine's report on itself at its start; QT_LOGGING_RULES brings it back.
+    QLoggingCategory::setFilterRules(u"qt.webenginecontext.debug=false\nqt.webenginecontext.info=false"_s);
     auto profile = std::make_shared<QWebEngineProfile>(); // without a name it is off the record
     profile->setHttpCacheType(QWebEngineProfile::NoCache);
     profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);

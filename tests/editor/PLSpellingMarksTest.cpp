@@ -8,6 +8,7 @@
 #include "platform/PLSpellTestDictionary.h"
 #include "support/PLTestEnvironment.h"
 
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void unknownWordsAreMarked();
     void aWaveIsDrawnUnderTheWordAlone();
     void theDictionaryIsNotReadBeforeATextIsShown();
+    void theDictionaryIsReadAtAPause();
     void theWordBeingTypedIsLeftAlone();
     void aWordTheCaretOnlyVisitsStaysMarked();
     void aMarkGoesWhenItsWordIsTouched();
@@ -142,6 +144,22 @@ void PLSpellingMarksTest::theDictionaryIsNotReadBeforeATextIsShown()
     m_view->show();
     QCOMPARE(marked(), QStringList{u"abc"_s});
     QCOMPARE(m_notes.loads, 1);
+}
+
+/// Keys go on for longer than the pause is; only when they have ended is the dictionary read.
+void PLSpellingMarksTest::theDictionaryIsReadAtAPause()
+{
+    m_view->setPageText(u"un abc "_s);
+    m_view->show();
+    QElapsedTimer typing;
+    typing.start();
+    while (typing.elapsed() < 700) {
+        QTest::keyClick(m_view.get(), Qt::Key_Right);
+        QCoreApplication::processEvents();
+        QVERIFY(!m_checker->isLoaded());
+    }
+    QCOMPARE(marked(), QStringList{u"abc"_s});
+    QVERIFY(m_checker->isLoaded());
 }
 
 void PLSpellingMarksTest::theWordBeingTypedIsLeftAlone()

@@ -78,7 +78,8 @@ become_writer() {
     exec env -i PATH="$PATH" HOME="$work/home" DISPLAY="$DISPLAY" XDG_RUNTIME_DIR="$work/run" \
         XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" LC_CTYPE=C.UTF-8 \
         LANG="${writer_lang:-fr_FR.UTF-8}" LANGUAGE="${writer_language-fr}" \
-        ${LSAN_OPTIONS:+LSAN_OPTIONS="$LSAN_OPTIONS"} "$@"
+        ${LSAN_OPTIONS:+LSAN_OPTIONS="$LSAN_OPTIONS"} ${ASAN_OPTIONS:+ASAN_OPTIONS="$ASAN_OPTIONS"} \
+        ${QTWEBENGINE_DISABLE_SANDBOX:+QTWEBENGINE_DISABLE_SANDBOX="$QTWEBENGINE_DISABLE_SANDBOX"} "$@"
 }
 
 as_writer() { (become_writer "$@"); }
@@ -151,16 +152,17 @@ is_untouched() {
     cmp "$kept/$1" "$notebook/$1" || fail "$1 was changed"
 }
 
-# The preview's engine takes its time to start, and is not what is looked at here.
-hide_preview() {
+# remember_preview true|false: as the writer has left it. The preview's engine takes its time to start, so the tests
+# that do not look at it leave it hidden.
+remember_preview() {
     mkdir -p "$work/config/aquilane"
-    printf '[General]\nPLPreviewVisible=false\n' >"$work/config/aquilane/aquilane.ini"
+    printf '[General]\nPLPreviewVisible=%s\n' "$1" >"$work/config/aquilane/aquilane.ini"
 }
 
 work=$(mktemp -d)
 mkdir -m 700 "$work/run"
 mkdir "$work/home" "$work/config" "$work/data"
-hide_preview
+remember_preview false
 : >"$work/stderr"
 trap finish EXIT
 start_display

@@ -18,6 +18,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <algorithm>
+
 /// A notebook window on a notebook of the test's, its alerts answered and written down.
 class PLNotebookWindowFixture
 {
@@ -58,7 +60,13 @@ public:
     PLEditorView *editor() const { return controller->editorView(); }
     PLPageTextView *textView() const { return editor()->textView(); }
     /// The field in which a title is typed, null when none is.
-    QLineEdit *titleField() const { return sidebar().view()->findChild<QLineEdit *>(); }
+    QLineEdit *titleField() const
+    {
+        const QList<QLineEdit *> fields = sidebar().view()->findChildren<QLineEdit *>();
+        const auto shown = std::find_if(fields.begin(), fields.end(),
+                                        [](const QLineEdit *field) { return field->isVisible(); });
+        return shown == fields.end() ? nullptr : *shown;
+    }
 
     QString selectedText() const
     {

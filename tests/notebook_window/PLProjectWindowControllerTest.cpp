@@ -3,6 +3,7 @@
 
 #include "editor/PLTagField.h"
 #include "notebook_window/PLNotebookWindowFixture.h"
+#include "theme/PLTheme.h"
 
 #include <QLabel>
 #include <QScrollBar>
@@ -54,6 +55,11 @@ private Q_SLOTS:
     void closingAsksIfThePageCannotBeSaved();
     void aKeyGoesFromTheTextToTheSidebarAndBack();
     void theWindowHasItsSizes();
+    void theFrameIsRememberedByNotebook();
+    void thePlaceholderStandsOnPaper();
+    void theWindowStandsForItsFolder();
+    void theEditedMarkFollowsTheText();
+    void aProposedTagIsTaken();
     void commandsAreEnabledByWhatIsSelected();
     void aBracketedTitleIsShownAsItIs();
 };
@@ -434,6 +440,84 @@ void PLProjectWindowControllerTest::theWindowHasItsSizes()
     const int sidebarWidth = split->sizes().first();
     frame->resize(1500, 700);
     QCOMPARE(split->sizes().first(), sidebarWidth);
+}
+
+void PLProjectWindowControllerTest::theFrameIsRememberedByNotebook()
+{
+    PLNotebookWindowFixture window;
+    const PLTestNotebook other;
+    window.open();
+    const QRect first = window.controller->window()->geometry();
+    window.controller->window()->setGeometry(10, 50, 785, 500);
+    window.controller.reset();
+    window.open();
+
+    QCOMPARE(window.controller->window()->geometry(), QRect(10, 50, 785, 500));
+    const PLProjectWindowController otherWindow(other.open());
+    QCOMPARE(otherWindow.window()->geometry(), first);
+}
+
+void PLProjectWindowControllerTest::thePlaceholderStandsOnPaper()
+{
+    PLNotebookWindowFixture window;
+    window.open();
+    const QLabel *label = window.controller->placeholderLabel();
+
+    const QImage page = window.controller->splitView()->widget(1)->grab().toImage();
+    QCOMPARE(page.pixelColor(5, 5).name(), PLTheme::paperColor().name());
+    QCOMPARE(label->font(), PLTheme::sidebarFont());
+    QCOMPARE(label->palette().color(QPalette::WindowText).name(), PLTheme::faintInkColor().name());
+    QCOMPARE(label->alignment(), Qt::Alignment(Qt::AlignCenter));
+    QCOMPARE(label->contentsRect().left(), 20);
+    QCOMPARE(label->contentsRect().width(), page.width() - 40);
+    QCOMPARE(label->geometry().center().y(), (page.height() - 1) / 2);
+}
+
+void PLProjectWindowControllerTest::theWindowStandsForItsFolder()
+{
+    PLNotebookWindowFixture window;
+    window.open();
+
+    QCOMPARE(window.controller->window()->windowFilePath(), window.notebook.path());
+}
+
+void PLProjectWindowControllerTest::theEditedMarkFollowsTheText()
+{
+    PLNotebookWindowFixture window;
+    QTemporaryDir data;
+    qputenv("XDG_DATA_HOME", data.path().toUtf8());
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    const QWidget *frame = window.controller->window();
+
+    QVERIFY(!frame->isWindowModified());
+    window.type(u"x"_s);
+    QVERIFY(frame->isWindowModified());
+    window.controller->performCommand(PLCommand::SaveDocument, 0);
+    QVERIFY(!frame->isWindowModified());
+    window.type(u"y"_s);
+    window.controller->performCommand(PLCommand::TrashSelectedItem, 0);
+    QVERIFY(!frame->isWindowModified());
+}
+
+void PLProjectWindowControllerTest::aProposedTagIsTaken()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/2 - B.md"_s, page(u"Pékin, Paris"_s));
+    window.open();
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+    PLTagField *field = window.editor()->tagField();
+    field->setFocus();
+
+    QTest::keyClicks(field, u"pe"_s);
+    QTRY_VERIFY(field->shownCompletion());
+    QTest::keyClick(field, Qt::Key_Down);
+    QTest::keyClick(field, Qt::Key_Return);
+    QTest::keyClick(field, Qt::Key_Return);
+
+    QTRY_COMPARE(window.notebook.read(u"Livre/1 - A.md"_s), page(u"Pékin"_s, u"un"_s));
+    QTRY_COMPARE(PLSidebarText(*window.sidebar().tree().sidebarTagNamed(u"pékin"_s)), u"# Pékin  (2)"_s);
 }
 
 void PLProjectWindowControllerTest::commandsAreEnabledByWhatIsSelected()

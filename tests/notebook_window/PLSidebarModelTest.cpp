@@ -65,17 +65,18 @@ void PLSidebarModelTest::rowsSayWhatTheyAre_data()
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("heard"); // by who uses a screen reader
 
-    QTest::newRow("full section") << u"fr"_s << u"LE LIVRE  ·  3"_s << QString();
-    QTest::newRow("empty section") << u"fr"_s << u"LIEUX"_s << QString();
-    QTest::newRow("tag section") << u"fr"_s << u"TAGS  ·  1"_s << QString();
-    QTest::newRow("tag") << u"fr"_s << u"# bal  (2)"_s << QString();
-    QTest::newRow("chapter") << u"fr"_s << u"Le bal"_s << u"Chapitre 4"_s;
-    QTest::newRow("chapter without number") << u"fr"_s << u"Prologue"_s << QString();
-    QTest::newRow("sheet") << u"fr"_s << u"Emma"_s << QString();
-    QTest::newRow("full section, English") << u"en"_s << u"BOOK  ·  3"_s << QString();
-    QTest::newRow("empty section, English") << u"en"_s << u"PLACES"_s << QString();
-    QTest::newRow("chapter, English") << u"en"_s << u"Le bal"_s << u"Chapter 4"_s;
+    QTest::newRow("full section") << u"fr"_s << u"LE LIVRE  ·  3"_s << QString() << u"Le livre, 3"_s;
+    QTest::newRow("empty section") << u"fr"_s << u"LIEUX"_s << QString() << u"Lieux"_s;
+    QTest::newRow("tag section") << u"fr"_s << u"TAGS  ·  1"_s << QString() << u"TAGS, 1"_s;
+    QTest::newRow("tag") << u"fr"_s << u"# bal  (2)"_s << QString() << u"bal, 2"_s;
+    QTest::newRow("chapter") << u"fr"_s << u"Le bal"_s << u"Chapitre 4"_s << u"Le bal"_s;
+    QTest::newRow("chapter without number") << u"fr"_s << u"Prologue"_s << QString() << u"Prologue"_s;
+    QTest::newRow("sheet") << u"fr"_s << u"Emma"_s << QString() << u"Emma"_s;
+    QTest::newRow("full section, English") << u"en"_s << u"BOOK  ·  3"_s << QString() << u"Book, 3"_s;
+    QTest::newRow("empty section, English") << u"en"_s << u"PLACES"_s << QString() << u"Places"_s;
+    QTest::newRow("chapter, English") << u"en"_s << u"Le bal"_s << u"Chapter 4"_s << u"Le bal"_s;
 }
 
 void PLSidebarModelTest::rowsSayWhatTheyAre()
@@ -83,6 +84,7 @@ void PLSidebarModelTest::rowsSayWhatTheyAre()
     QFETCH(QString, language);
     QFETCH(QString, text);
     QFETCH(QString, toolTip);
+    QFETCH(QString, heard);
     m_environment.setLanguage(language);
     PLTestNotebook notebook;
     notebook.write(u"Livre/4 - Le bal.md"_s, u"---\ntags: bal\n---\n"_s);
@@ -95,7 +97,8 @@ void PLSidebarModelTest::rowsSayWhatTheyAre()
     const QModelIndex index = find(model, text);
     QVERIFY2(index.isValid(), qPrintable(text));
     QCOMPARE(index.data(Qt::ToolTipRole).toString(), toolTip);
-    QCOMPARE(index.data(Qt::AccessibleTextRole).toString(), text);
+    QCOMPARE(index.data(Qt::AccessibleTextRole).toString(), heard);
+    QCOMPARE(index.data(Qt::AccessibleDescriptionRole).toString(), toolTip);
 
     const QModelIndex reference = model.index(0, 0, find(model, u"# bal  (2)"_s));
     QCOMPARE(reference.data(Qt::ToolTipRole).toString(), language == u"en" ? u"Book"_s : u"Le livre"_s);

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "notebook_window/PLPageOnDisk.h"
+
+#include "storage/PLFileNames.h"
+
+#include <QCryptographicHash>
+
+#include <cerrno>
+
+namespace {
+
+constexpr int mostNamesTried = 100; // that others take at the same moment
+
+QByteArray fingerprintOf(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+std::optional<QByteArray> bytesOf(const PLProjectItem &item)
+{
+    return PLReadFile(PLStandardizedPath(item.fileURL()));
+}
+
+} // namespace
+
+void PLPageOnDisk::remember(const PLProjectItem &item)
+{
+    const std::optional<QByteArray> bytes = bytesOf(item);
+    m_fingerprint = bytes ? fingerprintOf(*bytes) : QByteArray();
+}
+
+void PLPageOnDisk::remember(const QByteArray &bytes)
+{
+    m_fingerprint = fingerprintOf(bytes);
+}
+
+std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item) const
+{
+    if (m_fingerprint.isEmpty())
+        return std::nullopt;
+    std::optional<QByteArray> bytes = bytesOf(item);
+    if (!bytes || fingerprintOf(*bytes) == m_fingerprint)
+        return std::nullopt;
+    return bytes;
+}
+
+PLProjectItemPointer PLKeepBesidePage(const PLProjectItem &item, const QByteArray &bytes, PLError *error)
+{
+    const QString path = PLStandardizedPath(item.fileURL());
+    const QUrl folder = QUrl::fromLocalFile(path.first(path.lastIndexOf(u'/') + 1));
+    PLError failure;
+    for (int tries = 0; tries < mostNamesTried; ++tries) {
+        const QUrl url = PLAvailableURL(folder, item.title(), item.number(), item.section(), QUrl());
+        if (PLWriteFile(PLStandardizedPath(url), bytes, PLWriteMode::CreateNew, &failure))
+            return PLProjectItem::itemWithURL(url, item.section());
+        if (failure.code != EEXIST)
+            break;
+    }
+    PLFail(error, failure);
+    return nullptr;
+}

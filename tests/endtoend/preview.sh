@@ -1,0 +1,65 @@
+# SPDX-FileCopyrightText: 2026 the Aquilane authors
+# SPDX-License-Identifier: MIT
+#
+# The preview in the built program: it appears while the writer types, and not one letter goes astray.
+
+source "$(dirname "$0")/lib.sh"
+
+page="Livre/01 - Le départ.md"
+
+# There is ink on the right of the divider, below the bars. The picture is taken of the whole screen: taking one of a
+# window holds up every other client until that window is drawn again.
+shows_preview() {
+    local X Y WIDTH HEIGHT SCREEN WINDOW
+    eval "$(xdotool getwindowgeometry --shell "$(active_window)")"
+    timeout 5 import -window root -crop $((WIDTH * 35 / 100))x200+$((X + WIDTH * 63 / 100))+$((Y + 100)) \
+        -colorspace Gray -format '%[fx:minima<0.5]' "info:$work/ink" && [[ $(<"$work/ink") == 1 ]]
+}
+
+# expect_text TEXT: the page on the disk ends in this.
+expect_text() {
+    { cat "$kept/$page" && printf %s "$1"; } >"$work/expected"
+    expect_bytes "$notebook/$page" "$work/expected"
+}
+
+letters=$(printf 'abcdefghij%.0s' {1..20})
+
+the_window_stays_when_the_preview_is_there_from_the_start() {
+    remember_preview true
+    start "$notebook"
+    expect_title "Le phare — Le départ"
+    local window
+    window=$(active_window)
+    press F6 ctrl+End
+    write "$letters"
+    until_true "the preview" shows_preview
+    expect_text "$letters"
+    [[ $(active_window) == "$window" ]] || fail "the window was made anew"
+    press ctrl+q
+    ends_with 0
+}
+
+no_letter_is_lost_when_the_preview_is_first_shown() {
+    cp "$kept/$page" "$notebook/$page"
+    remember_preview false
+    start "$notebook"
+    expect_title "Le phare — Le départ"
+    press F6 ctrl+End ctrl+alt+p
+    write "$letters"
+    until_true "the preview" shows_preview
+    expect_text "$letters"
+    press ctrl+q
+    ends_with 0
+}
+
+said_nothing_of_the_engine() {
+    sed -i '/^Sandboxing disabled by user/d' "$work/stderr"
+    said_nothing
+}
+
+make_notebook
+the_window_stays_when_the_preview_is_there_from_the_start
+for _ in 1 2 3; do
+    no_letter_is_lost_when_the_preview_is_first_shown
+done
+said_nothing_of_the_engine

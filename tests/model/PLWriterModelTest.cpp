@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "model/PLWriter.h"
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Steps = QList<PLWriterStep>;
+
+constexpr int defaultSteps = 2500;
+constexpr int stepsOfADay = 250; ///< then another writer begins with another notebook
+constexpr int shrinkingMilliseconds = 60'000;
+
+int numberFromEnvironment(const char *name, int otherwise)
+{
+    return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
+}
+
+Steps randomSteps(QRandomGenerator &random, int count)
+{
+    Steps steps;
+    for (int step = 0; step < count; ++step)
+        steps.append({random.bounded(PLWriter::actionCount()), random.generate(), random.generate()});
+    return steps;
+}
+
+/// What goes wrong, null if nothing does; `steps` then ends with the step at which it does.
+QString play(Steps &steps)
+{
+    PLWriter writer;
+    for (qsizetype step = 0; step < steps.size(); ++step) {
+        const QString problem = writer.perform(steps[step]);
+        if (!problem.isNull()) {
+            steps.resize(step + 1);
+            return problem;
+        }
+    }
+    return QString();
+}
+
+/// Fewer steps that go wrong as well: parts are left out for as long as something still does.
+Steps shrunk(Steps steps)
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (qsizetype part = steps.size() / 2; part > 0; part = part > 1 ? (part + 1) / 2 : 0) {
+        for (qsizetype from = 0; from < steps.size() && !clock.hasExpired(shrinkingMilliseconds);) {
+            Steps fewer = steps;
+            fewer.remove(from, qMin(part, steps.size() - from));
+            if (play(fewer).isNull())
+                from += part;
+            else
+                steps = fewer;
+        }
+    }
+    return steps;
+}
+
+} // namespace
+
+/// A random sequence of what a writer does, against a plain model of what must be on the disk and on the
+/// screen. AQUILANE_MODEL_STEPS and AQUILANE_MODEL_SEED choose how many steps and which.
+class PLWriterModelTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aWrongScreenIsFound();
+    void aWritersDaysGoAsTheModelSays();
+};
+
+/// The proof that the comparison can fail: a word is changed behind the writer's back.
+void PLWriterModelTest::aWrongScreenIsFound()
+{
+    PLWriter writer;
+    QVERIFY(writer.perform({0, 1, 0}).isNull());
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        for (auto *view : window->findChildren<PLPageTextView *>())
+            view->replaceText({0, 1}, u"\u00E8"_s);
+    }
+    QVERIFY(!writer.perform({0, 1, 0}).isNull());
+}
+
+void PLWriterModelTest::aWritersDaysGoAsTheModelSays()
+{
+    const int total = numberFromEnvironment("AQUILANE_MODEL_STEPS", defaultSteps);
+    const auto seed = quint32(
+        numberFromEnvironment("AQUILANE_MODEL_SEED", int(QRandomGenerator::system()->generate() >> 1)));
+    qInfo("seed %u, %d steps", seed, total);
+    QRandomGenerator random(seed);
+    for (int done = 0; done < total; done += stepsOfADay) {
+        Steps steps = randomSteps(random, stepsOfADay);
+        const QString problem = play(steps);
+        if (problem.isNull())
+            continue;
+        steps = shrunk(steps);
+        for (const PLWriterStep &step : steps)
+            qInfo("  %s", qPrintable(step.description()));
+        const QString after = play(steps);
+        QFAIL(qPrintable(u"seed %1: %2; shrunk: %3"_s.arg(seed).arg(problem, after)));
+    }
+}
+
+QTEST_MAIN(PLWriterModelTest)
+#include "PLWriterModelTest.moc"

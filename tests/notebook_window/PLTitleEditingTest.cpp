@@ -1,0 +1,331 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "editor/PLTagField.h"
+#include "notebook_window/PLNotebookWindowFixture.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+/// A page's title typed in its row, and all that can come between.
+class PLTitleEditingTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anUnchangedTitleGivesTheTextTheFocus_data();
+    void anUnchangedTitleGivesTheTextTheFocus();
+    void lineBreaksAroundATitleAreNotPartOfIt();
+    void escapeKeepsTheTitle();
+    void tabEndsATitleAsReturnDoes_data();
+    void tabEndsATitleAsReturnDoes();
+    void aPageUnderATagIsRenamedInItsSection();
+    void aPageOutOfSightIsNotRenamed();
+    void theListIsNotReadAgainWhileATitleIsTyped();
+    void aTitleWaitsWhileAnotherWindowHasTheFocus();
+    void aTitleIsKeptWhenAnotherPageIsMade();
+    void aTitleIsKeptWhenTheWindowCloses();
+    void aTagTypedJustBeforeDoesNotEndTheTyping();
+    void theAlertOfAFailedRenameIsShownOverTheRow_data();
+    void theAlertOfAFailedRenameIsShownOverTheRow();
+};
+
+namespace {
+
+/// Presses the only button of the alerts that come, as a writer would, and remembers what they said.
+class AlertPresser final
+{
+public:
+    AlertPresser()
+    {
+        PLAlert::setResponder({});
+        m_timer.callOnTimeout([this] { press(); });
+        m_timer.start(20);
+    }
+
+    QStringList messages;
+    std::function<void()> beforePressing;
+
+private:
+    void press()
+    {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        messages.append(box->text());
+        if (beforePressing)
+            beforePressing();
+        box->buttons().constFirst()->click();
+    }
+
+    QTimer m_timer;
+};
+
+void beginTitle(const PLNotebookWindowFixture &window)
+{
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+    window.sidebar().view()->setFocus();
+    QTest::keyClick(window.sidebar().view(), Qt::Key_F2);
+    QVERIFY(window.titleField());
+    QTRY_VERIFY(window.titleField()->hasFocus());
+}
+
+} // namespace
+
+void PLTitleEditingTest::anUnchangedTitleGivesTheTextTheFocus_data()
+{
+    QTest::addColumn<QString>("typed");
+
+    QTest::newRow("the same") << u"A"_s;
+    QTest::newRow("spaces around") << u"  A\t"_s;
+    QTest::newRow("nothing but spaces") << u"  "_s;
+    QTest::newRow("nothing") << u""_s;
+}
+
+void PLTitleEditingTest::anUnchangedTitleGivesTheTextTheFocus()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(QString, typed);
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+
+    window.titleField()->setText(typed);
+    QTest::keyClick(window.titleField(), Qt::Key_Return);
+
+    QTRY_COMPARE(window.controller->window()->focusWidget(), window.textView());
+    QTRY_VERIFY(!window.titleField());
+    QCOMPARE(window.selectedText(), u"A"_s);
+    QVERIFY(window.notebook.exists(u"Livre/1 - A.md"_s));
+    QVERIFY(!window.sidebar().isEditingName());
+}
+
+void PLTitleEditingTest::lineBreaksAroundATitleAreNotPartOfIt()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+
+    window.controller->pageCommands().endTitleEditing(window.session().currentItem(), u"  Title \r\n"_s);
+
+    QVERIFY(window.notebook.exists(u"Livre/01 - Title.md"_s));
+    QCOMPARE(window.session().currentItem()->title(), u"Title"_s);
+}
+
+void PLTitleEditingTest::escapeKeepsTheTitle()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+
+    QTest::keyClicks(window.titleField(), u"B"_s);
+    QTest::keyClick(window.titleField(), Qt::Key_Escape);
+
+    QTRY_VERIFY(!window.titleField());
+    QCOMPARE(window.selectedText(), u"A"_s);
+    QVERIFY(window.notebook.exists(u"Livre/1 - A.md"_s));
+    QTRY_COMPARE(window.controller->window()->focusWidget(), window.textView());
+}
+
+void PLTitleEditingTest::tabEndsATitleAsReturnDoes_data()
+{
+    QTest::addColumn<int>("key");
+
+    QTest::newRow("Tab") << int(Qt::Key_Tab);
+    QTest::newRow("Shift+Tab") << int(Qt::Key_Backtab);
+}
+
+void PLTitleEditingTest::tabEndsATitleAsReturnDoes()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(int, key);
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/02 - B.md"_s, u"deux"_s);
+    window.notebook.write(u"Livre/03 - C.md"_s, u"trois"_s);
+    window.open();
+    window.select(u"Livre/02 - B.md"_s);
+    beginTitle(window);
+
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    QTest::keyClick(window.titleField(), Qt::Key(key));
+
+    QTRY_VERIFY(window.notebook.exists(u"Livre/02 - Bal.md"_s));
+    QTRY_COMPARE(window.controller->window()->focusWidget(), window.textView());
+    QCOMPARE(window.selectedText(), u"Bal"_s);
+    QVERIFY(!window.titleField());
+}
+
+void PLTitleEditingTest::aPageUnderATagIsRenamedInItsSection()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Lieux/Paris.md"_s, u"---\ntags: ville\n---\n"_s);
+    window.open();
+    const PLSidebarTag *tag = window.sidebar().tree().sidebarTagNamed(u"ville"_s);
+    window.sidebar().expandNode(tag);
+    window.sidebar().selectSidebarObject(tag->children()[0].get());
+    beginTitle(window);
+
+    QCOMPARE(window.sidebar().selectedNode()->kind(), PLSidebarNode::Kind::Page);
+    QTest::keyClicks(window.titleField(), u"Lyon"_s);
+    QTest::keyClick(window.titleField(), Qt::Key_Return);
+
+    QTRY_VERIFY(window.notebook.exists(u"Lieux/Lyon.md"_s));
+    QTRY_COMPARE(window.selectedText(), u"Lyon"_s);
+    QCOMPARE(window.sidebar().selectedNode()->kind(), PLSidebarNode::Kind::Page);
+    QTRY_COMPARE(PLSidebarText(*window.sidebar().tree().sidebarTagNamed(u"ville"_s)->children()[0]),
+                 u"Lyon"_s);
+}
+
+void PLTitleEditingTest::aPageOutOfSightIsNotRenamed()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    window.sidebar().view()->collapse(window.sidebar().view()->model()->index(0, 0));
+
+    window.controller->performCommand(PLCommand::RenameSelectedItem, 0);
+
+    QVERIFY(!window.titleField());
+    QVERIFY(!window.sidebar().isEditingName());
+    QVERIFY(window.alerts.isEmpty());
+}
+
+void PLTitleEditingTest::theListIsNotReadAgainWhileATitleIsTyped()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    window.notebook.write(u"Livre/2 - B.md"_s, u"deux"_s);
+
+    window.controller->windowDidBecomeKey();
+    QVERIFY(window.titleField());
+    QCOMPARE(window.sidebar().tree().section(PLSection::Book)->childCount(), 1);
+
+    QTest::keyClick(window.titleField(), Qt::Key_Escape);
+    QTRY_VERIFY(!window.sidebar().isEditingName());
+    window.controller->windowDidBecomeKey();
+    QCOMPARE(window.sidebar().tree().section(PLSection::Book)->childCount(), 2);
+}
+
+void PLTitleEditingTest::aTitleWaitsWhileAnotherWindowHasTheFocus()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(window.titleField());
+    window.controller->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+
+    QVERIFY(window.titleField());
+    QVERIFY(window.notebook.exists(u"Livre/1 - A.md"_s));
+    QTest::keyClicks(window.controller->window()->focusWidget(), u"con"_s);
+    QTest::keyClick(window.controller->window()->focusWidget(), Qt::Key_Return);
+    QTRY_VERIFY(window.notebook.exists(u"Livre/01 - Balcon.md"_s));
+}
+
+void PLTitleEditingTest::aTitleIsKeptWhenAnotherPageIsMade()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+
+    window.controller->performCommand(PLCommand::NewCharacter, 0);
+
+    QVERIFY(window.notebook.exists(u"Livre/01 - Bal.md"_s));
+    QVERIFY(window.notebook.exists(u"Personnages/Nouveau personnage.md"_s));
+    QApplication::processEvents();
+    QCOMPARE(window.selectedText(), u"Nouveau personnage"_s);
+    QVERIFY(window.titleField());
+    QCOMPARE(window.titleField()->selectedText(), u"Nouveau personnage"_s);
+    QVERIFY(window.sidebar().isEditingName());
+}
+
+void PLTitleEditingTest::aTitleIsKeptWhenTheWindowCloses()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+
+    QVERIFY(window.controller->window()->close());
+
+    QVERIFY(window.notebook.exists(u"Livre/01 - Bal.md"_s));
+}
+
+void PLTitleEditingTest::aTagTypedJustBeforeDoesNotEndTheTyping()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+    window.editor()->tagField()->setFocus();
+    QTest::keyClicks(window.editor()->tagField(), u"bal"_s);
+
+    window.controller->performCommand(PLCommand::RenameSelectedItem, 0);
+    QApplication::processEvents();
+    QVERIFY(window.titleField());
+    QTest::keyClicks(window.titleField(), u"B"_s);
+    QTest::keyClick(window.titleField(), Qt::Key_Return);
+
+    QTRY_COMPARE(window.notebook.read(u"Livre/01 - B.md"_s), u"---\ntags: bal\n---\n\nun"_s);
+    QTRY_COMPARE(window.sidebar().allTags(), QStringList{u"bal"_s});
+}
+
+void PLTitleEditingTest::theAlertOfAFailedRenameIsShownOverTheRow_data()
+{
+    QTest::addColumn<bool>("isDirty");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("rename") << false << u"Le fichier ou le dossier n'existe pas ou plus."_s;
+    QTest::newRow("save before the rename") << true << u"Impossible d'enregistrer « A »"_s;
+}
+
+/// The alert takes the focus while the field is closing: nothing of the field may be used after that.
+void PLTitleEditingTest::theAlertOfAFailedRenameIsShownOverTheRow()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(bool, isDirty);
+    QFETCH(QString, message);
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    if (isDirty)
+        window.type(u"x"_s);
+    beginTitle(window);
+    window.notebook.hideSection(u"Livre"_s);
+    AlertPresser alerts;
+    alerts.beforePressing = [&window] { window.notebook.showSection(u"Livre"_s); };
+
+    QTest::keyClicks(window.titleField(), u"B"_s);
+    QTest::keyClick(window.titleField(), Qt::Key_Tab);
+
+    QTRY_COMPARE(alerts.messages, QStringList{message});
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QTRY_VERIFY(!window.titleField());
+    QCOMPARE(window.selectedText(), u"A"_s);
+    QVERIFY(window.notebook.exists(u"Livre/01 - A.md"_s));
+    QVERIFY(!window.notebook.exists(u"Livre/01 - B.md"_s));
+    QCOMPARE(window.session().currentItem()->title(), u"A"_s);
+    QCOMPARE(window.editor()->text(), isDirty ? u"xun"_s : u"un"_s);
+    QCOMPARE(window.session().isDirty(), isDirty);
+}
+
+QTEST_MAIN(PLTitleEditingTest)
+#include "PLTitleEditingTest.moc"

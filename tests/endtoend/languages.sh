@@ -17,11 +17,11 @@ speaks() {
     ends_with 0
     rm -rf "$work/home" "$work/config"
     mkdir "$work/home"
-    hide_preview
+    remember_preview false
 }
 
 choose_language() {
-    hide_preview
+    remember_preview false
     echo "PLInterfaceLanguage=$1" >>"$work/config/aquilane/aquilane.ini"
 }
 

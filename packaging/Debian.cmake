@@ -19,6 +19,8 @@ set(doc_program ${CMAKE_INSTALL_DOCDIR})
 if(TARGET aquilane_preview)
     list(APPEND components preview)
     set(doc_preview ${CMAKE_INSTALL_DOCDIR}-preview)
+    install(FILES debian/aquilane-preview.lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+            RENAME aquilane-preview COMPONENT preview)
 endif()
 foreach(component IN LISTS components)
     set(doc ${doc_${component}})

@@ -7,7 +7,6 @@
 #include "editor/PLPageTextView.h"
 #include "editor/PLTagField.h"
 #include "foundation/PLText.h"
-#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "notebook_window/PLMakeLabel.h"
 #include "notebook_window/PLPageCommands.h"
@@ -219,9 +218,9 @@ void PLProjectWindowController::connectParts()
     m_pageCommands = std::make_unique<PLPageCommands>(
         PLPageCommands::Parts{*m_project, *m_sidebar, *m_session, *m_editorView, *m_window});
     connect(m_session.get(), &PLPageSession::dirtyChanged, m_window.get(), &QWidget::setWindowModified);
-    // Not now: the page is being saved.
+    // Not now, the page is being saved; and without a word, the writer may be typing.
     connect(m_session.get(), &PLPageSession::outsideTextKept, this,
-            &PLProjectWindowController::tellOutsideText, Qt::QueuedConnection);
+            &PLProjectWindowController::refreshWhenNoTitleIsTyped, Qt::QueuedConnection);
     connect(m_pageCommands.get(), &PLPageCommands::currentItemRenamed, this,
             &PLProjectWindowController::updateWindowTitle);
     connectSidebar();
@@ -338,18 +337,4 @@ void PLProjectWindowController::refreshWhenNoTitleIsTyped()
     m_refreshIsDue = m_sidebar->isEditingName();
     if (!m_refreshIsDue)
         refreshSidebar();
-}
-
-void PLProjectWindowController::tellOutsideText(const PLProjectItemPointer &page,
-                                                const PLProjectItemPointer &keptPage)
-{
-    refreshWhenNoTitleIsTyped();
-    PLAlert alert;
-    alert.style = PLAlert::Style::Informational;
-    alert.message =
-        PLFormat(PLDesktopString(u"« %@ » a été modifié par un autre programme."_s), {page->title()});
-    alert.informativeText = PLFormat(
-        PLDesktopString(u"Les deux textes sont gardés : le vôtre dans cette page, l'autre dans « %@ »."_s),
-        {keptPage->title()});
-    alert.runModal(m_window.get());
 }

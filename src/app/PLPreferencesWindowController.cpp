@@ -40,9 +40,10 @@ PLPreferencesWindowController::PLPreferencesWindowController(QObject *parent)
 {
     m_window->setWindowTitle(PLLocalizedString(u"Préférences"_s));
     buildContent();
-    updateControls();
     m_window->resize(460, m_window->sizeHint().height());
     m_window->center();
+    m_window->setMinimumWidth(m_window->width()); // less than asked for on a small screen
+    updateControls();
 }
 
 PLPreferencesWindowController::~PLPreferencesWindowController() = default;
@@ -87,6 +88,14 @@ void PLPreferencesWindowController::updateControls()
         isPending ? PLLocalization::string(
                         u"La nouvelle langue sera appliquée au prochain lancement d'Aquilane."_s, preferred)
                   : QString());
+    fitHeight();
+}
+
+/// A window's least height leaves out how its texts wrap.
+void PLPreferencesWindowController::fitHeight()
+{
+    QWidget *content = m_window->centralWidget();
+    content->setMinimumHeight(content->layout()->totalHeightForWidth(m_window->minimumWidth()));
 }
 
 void PLPreferencesWindowController::changeLanguage()

@@ -34,6 +34,7 @@ public:
 private:
     void buildContent();
     void updateControls();
+    void fitHeight();
     void changeLanguage();
     void offerRestart(const QString &language);
 

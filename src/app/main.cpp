@@ -8,6 +8,7 @@
 #include "platform/PLAlert.h"
 #include "platform/PLExitSignals.h"
 #include "platform/PLSingleInstance.h"
+#include "platform/PLStartupNotice.h"
 #include "platform/PLStyle.h"
 
 #include <QApplication>
@@ -42,8 +43,10 @@ int main(int argc, char *argv[])
     const QStringList paths = pathsOfArguments(argc, argv);
     PLSingleInstance instance;
     const PLSingleInstance::Role role = instance.start(paths);
-    if (role == PLSingleInstance::Role::HandedOver)
+    if (role == PLSingleInstance::Role::HandedOver) {
+        PLCompleteStartup();
         return 0;
+    }
 
     QApplication application(argc, argv);
     QApplication::setStyle(new PLStyle);

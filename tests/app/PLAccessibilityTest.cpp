@@ -113,6 +113,7 @@ private:
     /// Looks at the panel that an operation waits for, then cancels it.
     static QString faultsOfModal(const std::function<void()> &operation);
 
+    const QFont m_usualFont = QApplication::font();
     QTemporaryDir m_enchant; ///< it would write into the home of whoever runs the tests
     std::unique_ptr<PLTestEnvironment> m_environment;
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -155,6 +156,8 @@ void PLAccessibilityTest::addLanguages() const
     QTest::addColumn<QString>("language");
     QTest::newRow("fr") << u"fr"_s;
     QTest::newRow("en") << u"en"_s;
+    QTest::newRow("fr, large type") << u"fr"_s;
+    QTest::newRow("en, large type") << u"en"_s;
 }
 
 QString PLAccessibilityTest::makeNotebook(const QString &name) const
@@ -220,9 +223,13 @@ void PLAccessibilityTest::initTestCase()
 void PLAccessibilityTest::init()
 {
     m_environment = std::make_unique<PLTestEnvironment>();
-    const char *const language = QTest::currentDataTag();
-    if (language)
-        m_environment->setLanguage(QString::fromLatin1(language));
+    const QString row = QString::fromLatin1(QTest::currentDataTag());
+    if (!row.isEmpty())
+        m_environment->setLanguage(row.left(2));
+    QFont font = m_usualFont;
+    if (row.endsWith(u"large type"_s))
+        font.setPixelSize(2 * QFontInfo(m_usualFont).pixelSize());
+    QApplication::setFont(font);
     PLInstallTranslations(*qApp);
     m_folder = std::make_unique<QTemporaryDir>();
     m_delegate = std::make_unique<PLAppDelegate>();

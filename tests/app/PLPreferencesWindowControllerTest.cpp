@@ -8,8 +8,10 @@
 #include "i18n/PLLocalization.h"
 #include "support/PLTestEnvironment.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -158,8 +160,11 @@ void PLPreferencesWindowControllerTest::everyTextFitsItsPlace_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("chosen");
-    QTest::newRow("fr") << u"fr"_s << u"en"_s;
-    QTest::newRow("en") << u"en"_s << u"fr"_s;
+    QTest::addColumn<int>("fontSize");
+    QTest::newRow("fr") << u"fr"_s << u"en"_s << 12;
+    QTest::newRow("en") << u"en"_s << u"fr"_s << 12;
+    QTest::newRow("fr, large") << u"fr"_s << u"en"_s << 24;
+    QTest::newRow("en, large") << u"en"_s << u"fr"_s << 24;
 }
 
 /// The longest the window ever has to show: with the label of a change that waits.
@@ -167,7 +172,13 @@ void PLPreferencesWindowControllerTest::everyTextFitsItsPlace()
 {
     QFETCH(const QString, language);
     QFETCH(const QString, chosen);
+    QFETCH(const int, fontSize);
     m_environment->setLanguage(language);
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    font.setPixelSize(fontSize);
+    QApplication::setFont(font);
+    const auto restore = qScopeGuard([&usual] { QApplication::setFont(usual); });
     PLAlertScript alerts({PLAlert::SecondButton});
     PLPreferencesWindowController controller;
     controller.showWindow();

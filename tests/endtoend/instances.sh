@@ -4,6 +4,7 @@
 # A second start hands over to the first, whatever it is given; a start after a crash is a first one.
 
 source "$(dirname "$0")/lib.sh"
+require xev xprop
 
 # second PATHS...: a start that must hand over and end well at once.
 second() {
@@ -33,6 +34,19 @@ a_start_without_paths_brings_the_program_up() {
     until_true "no window" has_no_window "part$"
     second
     until_true "the windows" has_window "part$"
+}
+
+hears() { xprop -root -f AQUILANE_TEST 8s -set AQUILANE_TEST "$RANDOM" && grep -q AQUILANE_TEST "$work/events"; }
+
+# The pointer that a desktop shows while a program starts is for a window; a second start has none.
+the_desktop_hears_that_the_start_is_over() {
+    stdbuf -oL xev -root -event property >"$work/events" &
+    local listener=$!
+    until_true "a listener" hears
+    as_writer DESKTOP_STARTUP_ID=panel-1-aquilane-0_TIME1 timeout 10 "$program" "$notebook" 2>>"$work/stderr"
+    until_true "the end of the start" grep -q '_NET_STARTUP_INFO_BEGIN), format 8' "$work/events"
+    until_true "the rest of the message" grep -q '_NET_STARTUP_INFO), format 8' "$work/events"
+    kill "$listener"
 }
 
 a_notebook_has_the_focus() { [[ $(active_title) == *" — Le départ" ]]; }
@@ -68,6 +82,7 @@ expect_title "Le phare — Le départ"
 paths_are_handed_over
 an_open_notebook_comes_to_the_front
 a_start_without_paths_brings_the_program_up
+the_desktop_hears_that_the_start_is_over
 a_missing_notebook_is_told_by_the_first
 quitting_ends_everything
 a_killed_program_does_not_stop_the_next

@@ -37,24 +37,6 @@ constexpr int largestSidebarWidth = 420;
 constexpr int smallestPageWidth = 320;
 constexpr int dividerWidth = 1;
 
-std::optional<PLSection> sectionOfCommand(PLCommand command)
-{
-    switch (command) {
-    case PLCommand::NewChapter:
-        return PLSection::Book;
-    case PLCommand::NewCharacter:
-        return PLSection::Characters;
-    case PLCommand::NewPlace:
-        return PLSection::Places;
-    case PLCommand::NewSheet:
-        return PLSection::Sheets;
-    case PLCommand::NewNote:
-        return PLSection::Notes;
-    default:
-        return std::nullopt;
-    }
-}
-
 } // namespace
 
 PLProjectWindowController::PLProjectWindowController(std::unique_ptr<PLProject> project)
@@ -138,33 +120,12 @@ void PLProjectWindowController::windowDidResignKey()
 
 std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
 {
-    if (sectionOfCommand(command))
-        return PLCommandState{};
-    switch (command) {
-    case PLCommand::RenameSelectedItem:
-    case PLCommand::TrashSelectedItem:
-        return PLCommandState{m_pageCommands->targetItemForNode(m_sidebar->selectedNode()) != nullptr};
-    case PLCommand::RevealInFinder:
-        return PLCommandState{};
-    case PLCommand::SaveDocument:
-        return PLCommandState{m_session->currentItem() != nullptr};
-    default:
-        return std::nullopt;
-    }
+    return m_pageCommands->stateOfCommand(command);
 }
 
 void PLProjectWindowController::performCommand(PLCommand command, int)
 {
-    if (const auto section = sectionOfCommand(command))
-        return m_pageCommands->createItemInSection(*section);
-    if (command == PLCommand::RenameSelectedItem)
-        m_pageCommands->renameItem(m_pageCommands->targetItemForNode(m_sidebar->selectedNode()));
-    else if (command == PLCommand::TrashSelectedItem)
-        m_pageCommands->trashItem(m_pageCommands->targetItemForNode(m_sidebar->selectedNode()));
-    else if (command == PLCommand::RevealInFinder)
-        m_pageCommands->revealInFinder(m_sidebar->selectedNode());
-    else if (command == PLCommand::SaveDocument)
-        m_session->saveDocument();
+    m_pageCommands->performCommand(command);
 }
 
 void PLProjectWindowController::buildWindow()
@@ -245,9 +206,9 @@ void PLProjectWindowController::connectSidebar()
     });
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
-            [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });
+            [=] { commands->performCommand(PLCommand::RenameSelectedItem); });
     connect(view, &PLSidebarView::trashRequested, commands,
-            [=] { commands->trashItem(commands->targetItemForNode(sidebar->selectedNode())); });
+            [=] { commands->performCommand(PLCommand::TrashSelectedItem); });
     connect(view, &QTreeView::doubleClicked, commands, [=](const QModelIndex &index) {
         if (const PLProjectItemPointer item = PLItemOfNode(sidebar->nodeForIndex(index)))
             commands->focusTextIfEditing(item);

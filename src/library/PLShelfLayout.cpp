@@ -6,7 +6,7 @@
 #include "library/PLBookAppearance.h"
 #include "library/PLShelfBook.h"
 
-#include <QPointF>
+#include <QtMath>
 
 namespace {
 

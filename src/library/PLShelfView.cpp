@@ -214,7 +214,8 @@ void PLShelfView::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
 }
 
+/// Qt tells that the list has the focus after this event; the reader is to end at the book.
 void PLShelfView::focusInEvent(QFocusEvent *)
 {
-    announceSelection();
+    QMetaObject::invokeMethod(this, &PLShelfView::announceSelection, Qt::QueuedConnection);
 }

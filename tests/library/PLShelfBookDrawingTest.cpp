@@ -10,6 +10,8 @@
 
 #include <QFontDatabase>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -313,6 +315,9 @@ void PLShelfBookDrawingTest::aLongTitleKeepsToItsBox()
         const QRect ink = PLInkedRect(textOf(book, QRect(217, 30, 116, 166)));
         QVERIFY(QRect(235, 253, 88, 76).contains(ink));
         QVERIFY(ink.height() > 30); // more than a line
+        const double lineHeight = QFontMetricsF(PLFontOfShelfText(PLShelfText::CoverTitle)).height();
+        QVERIFY(ink.bottom() <
+                253 + std::floor(76 / lineHeight) * lineHeight); // and none that is cut through
     }
 }
 

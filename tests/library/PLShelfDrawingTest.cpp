@@ -55,6 +55,8 @@ private Q_SLOTS:
     void planksLieUnderEveryRow();
     void noSeamShowsAtAnyScale_data();
     void noSeamShowsAtAnyScale();
+    void whatTouchesInPointsTouchesOnTheScreen_data();
+    void whatTouchesInPointsTouchesOnTheScreen();
     void booksStandOnThePlankAtAnyScale_data();
     void booksStandOnThePlankAtAnyScale();
     void aPartIsDrawnAsTheWhole_data();
@@ -192,6 +194,33 @@ void PLShelfDrawingTest::noSeamShowsAtAnyScale()
         const int stripe = int(x / scale / 3);
         const QList<QRgb> shades{wood, PLColorOfGrain(quint64(stripe)), PLColorOfGrain(quint64(stripe + 1))};
         QVERIFY(shades.contains(picture.pixel(x, top - 1)));
+    }
+}
+
+void PLShelfDrawingTest::whatTouchesInPointsTouchesOnTheScreen_data()
+{
+    addScales();
+}
+
+void PLShelfDrawingTest::whatTouchesInPointsTouchesOnTheScreen()
+{
+    QFETCH(double, scale);
+    PLSpriteCache sprites;
+    QImage picture(100, 100, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    QPainter painter(&picture);
+    painter.translate(0, -17); // scrolled
+    const PLShelfCanvas canvas(painter, sprites);
+    QCOMPARE(canvas.scale(), scale);
+    for (int edge = 4; edge < 60; ++edge) {
+        for (const int start : {0, 1, 3, edge / 2}) {
+            const QRect before = canvas.deviceRect(QRect(start, start, edge - start, edge - start));
+            const QRect after = canvas.deviceRect(QRect(edge, edge, 60 - edge, 60 - edge));
+            QCOMPARE(before.right() + 1, after.left());
+            QCOMPARE(before.bottom() + 1, after.top());
+            QCOMPARE(after.left(), qRound(edge * scale)); // the nearest pixel
+            QCOMPARE(after.top(), qRound((edge - 17) * scale));
+        }
     }
 }
 

@@ -11,7 +11,7 @@
 namespace {
 
 /// How much of the light a blurred edge takes away at a distance inside it: the integral of a bell that ends
-/// at `blur` and has, within a tenth, the deviation of a Gaussian of half that radius.
+/// at `blur` and is nearly the Gaussian with half of it for its deviation.
 double covered(double distance, double blur)
 {
     const double part = qBound(0.0, (distance + blur) / (2 * blur), 1.0);

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void selectingScrollsTheBookIntoSight();
     void turningTheSpinesOutKeepsTheSelectionInSight();
     void aSelectionMadeWhileHiddenIsInSightWhenShown();
+    void leavingByTabDoesNotScroll();
     void aDragTargetThatIsGoneIsForgotten();
     void scrollingPaintsWhatPaintingAnewWould();
 
@@ -225,6 +226,19 @@ void PLShelfViewTest::aSelectionMadeWhileHiddenIsInSightWhenShown()
     QVERIFY(stage.shelf->visibleRect().contains(stage.shelf->rectForBookAtIndex(79)));
 }
 
+void PLShelfViewTest::leavingByTabDoesNotScroll()
+{
+    const PLShelfStage stage(60);
+    stage.shelf->setSelectedIndex(0);
+    for (const int value : {0, 17, 900}) {
+        stage.area.verticalScrollBar()->setValue(value);
+        stage.shelf->setFocus();
+        stage.press(Qt::Key_Tab);
+        QVERIFY(!stage.shelf->hasFocus());
+        QCOMPARE(stage.area.verticalScrollBar()->value(), value);
+    }
+}
+
 void PLShelfViewTest::aDragTargetThatIsGoneIsForgotten()
 {
     const PLShelfStage stage(2);
@@ -234,6 +248,14 @@ void PLShelfViewTest::aDragTargetThatIsGoneIsForgotten()
     QApplication::sendEvent(stage.shelf, &enter);
     QCOMPARE(stage.shelf->dropIndex(), 1);
     stage.shelf->setBooks(PLTestBooks(1));
+    QCOMPARE(stage.shelf->dropIndex(), -1);
+
+    stage.shelf->setBooks(PLTestBooks(2));
+    QApplication::sendEvent(stage.shelf, &enter);
+    QCOMPARE(stage.shelf->dropIndex(), 1);
+    std::vector<PLShelfBook> books = PLTestBooks(2);
+    books[1].available = false;
+    stage.shelf->setBooks(books);
     QCOMPARE(stage.shelf->dropIndex(), -1);
 }
 

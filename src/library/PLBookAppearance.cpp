@@ -12,7 +12,7 @@ constexpr QRgb palette[] = {0xFF7A2226, 0xFF243A62, 0xFF295438, 0xFF623E24,
 
 QString keyOfBook(const PLShelfBook &book)
 {
-    const QString path = book.url.path();
+    const QString path = book.url.adjusted(QUrl::StripTrailingSlash).path();
     return path.isEmpty() ? book.title : path;
 }
 

@@ -12,12 +12,13 @@
 #include "theme/PLTheme.h"
 
 #include <QLinearGradient>
-#include <QtMath>
+#include <QPainterPath>
 
 namespace {
 
 constexpr PLBookShadow coverShadow{.offset = 4, .blur = 7, .alpha = 0.6};
 constexpr double cornerRadius = 2;
+constexpr double jointWidth = 12; // where the board meets the back
 constexpr int ruleLeft = 18;
 constexpr int ruleMargins = 28; // left and right together
 
@@ -28,22 +29,45 @@ QColor toned(Qt::GlobalColor tone, double alpha)
     return color;
 }
 
-/// The part of a picture that fills a cover with its proportions kept, scaled to the cover's pixels. It is
-/// cut out before it is scaled, or a very long and thin picture would get huge.
+/// A picture of half the size, each pixel the mean of four. An odd last row or column is left out.
+QImage halved(const QImage &picture)
+{
+    QImage half(picture.width() / 2, picture.height() / 2, picture.format());
+    for (int y = 0; y < half.height(); ++y) {
+        const auto *above = reinterpret_cast<const QRgb *>(picture.constScanLine(2 * y));
+        const auto *below = reinterpret_cast<const QRgb *>(picture.constScanLine(2 * y + 1));
+        auto *row = reinterpret_cast<QRgb *>(half.scanLine(y));
+        for (int x = 0; x < half.width(); ++x) {
+            const QRgb four[] = {above[2 * x], above[2 * x + 1], below[2 * x], below[2 * x + 1]};
+            const auto mean = [&four](int shift) {
+                quint32 sum = 2;
+                for (const QRgb pixel : four)
+                    sum += pixel >> shift & 0xFFU;
+                return sum / 4 << shift;
+            };
+            row[x] = mean(24) | mean(16) | mean(8) | mean(0);
+        }
+    }
+    return half;
+}
+
+/// The middle of a picture that fills a cover with its proportions kept, in the cover's pixels.
 QImage filling(const QImage &picture, const QSize &pixels)
 {
-    const QSizeF size(qMax(1, picture.width()), qMax(1, picture.height()));
-    const double scale = qMax(pixels.width() / size.width(), pixels.height() / size.height());
-    const QSizeF partSize = QSizeF(pixels) / scale;
-    const QRectF part(QPointF((size.width() - partSize.width()) / 2, (size.height() - partSize.height()) / 2),
-                      partSize);
-    const QRect whole = part.toAlignedRect().intersected(picture.rect());
-    const QSize scaled(qCeil(whole.width() * scale), qCeil(whole.height() * scale));
+    QImage source = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    source.setDevicePixelRatio(1);
+    const auto reduction = [&] {
+        return qMin(double(source.width()) / pixels.width(), double(source.height()) / pixels.height());
+    };
+    while (reduction() >= 2) // the painter looks at four pixels only
+        source = halved(source);
+    const QSizeF part = QSizeF(pixels) * reduction();
+    const QPointF corner((source.width() - part.width()) / 2, (source.height() - part.height()) / 2);
     QImage filled(pixels, QImage::Format_ARGB32_Premultiplied);
     filled.fill(Qt::transparent);
     QPainter painter(&filled);
-    painter.drawImage(((QPointF(whole.topLeft()) - part.topLeft()) * scale).toPoint(),
-                      picture.copy(whole).scaled(scaled, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(QPointF(), pixels), source, QRectF(corner, part));
     return filled;
 }
 
@@ -53,24 +77,9 @@ void paintBinding(QPainter &painter, const QColor &color, const QSize &cover)
     QLinearGradient cloth(0, 0, 0, cover.height());
     cloth.setColorAt(0, PLTheme::highlighted(color, 0.12));
     cloth.setColorAt(1, PLTheme::shadowed(color, 0.25));
-    painter.setBrush(cloth);
-    painter.drawRoundedRect(QRectF(QPointF(), cover), cornerRadius, cornerRadius);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(QRect(QPoint(), cover), cloth);
     for (const int y : {16, 19, cover.height() - 20, cover.height() - 17})
         painter.fillRect(QRectF(ruleLeft, y, cover.width() - ruleMargins, 1), PLGoldColor());
-}
-
-void paintPicture(QPainter &painter, const QImage &picture, const QColor &color, const QSize &pixels,
-                  const QSize &cover)
-{
-    const QRectF outline(QPointF(), cover);
-    painter.setBrush(color); // seen through a picture that is not opaque
-    painter.drawRoundedRect(outline, cornerRadius, cornerRadius);
-    QBrush texture(filling(picture, pixels));
-    texture.setTransform(QTransform::fromScale(double(cover.width()) / pixels.width(),
-                                               double(cover.height()) / pixels.height()));
-    painter.setBrush(texture);
-    painter.drawRoundedRect(outline, cornerRadius, cornerRadius);
 }
 
 /// Light from the upper left, the joint along the back, and the thickness of the board.
@@ -78,44 +87,79 @@ void paintDepth(QPainter &painter, const QSize &cover)
 {
     const double right = cover.width();
     const double bottom = cover.height();
-    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
     QLinearGradient light(0, 0, right, bottom);
     light.setColorAt(0, toned(Qt::white, 0.14));
     light.setColorAt(0.5, toned(Qt::white, 0));
     light.setColorAt(1, toned(Qt::black, 0.12));
     painter.fillRect(QRectF(0, 0, right, bottom), light);
-    QLinearGradient back(0, 0, 12, 0);
+    QLinearGradient back(0, 0, jointWidth, 0);
     back.setColorAt(0, toned(Qt::black, 0.26));
     back.setColorAt(0.3, toned(Qt::white, 0.06));
     back.setColorAt(0.55, toned(Qt::black, 0.04));
     back.setColorAt(0.72, toned(Qt::black, 0.30));
     back.setColorAt(0.82, toned(Qt::white, 0.16));
     back.setColorAt(1, toned(Qt::white, 0));
-    painter.fillRect(QRectF(0, 0, 12, bottom), back);
+    painter.fillRect(QRectF(0, 0, jointWidth, bottom), back);
     painter.fillRect(QRectF(0, 0, right, 1), toned(Qt::white, 0.22));
     painter.fillRect(QRectF(right - 1, 1, 1, bottom - 1), toned(Qt::black, 0.30));
     painter.fillRect(QRectF(0, bottom - 1, right - 1, 1), toned(Qt::black, 0.35));
 }
 
-QImage coverPicture(const PLShelfBook &book, const QSize &cover, const QSize &pixels, double scale)
+void cutCorners(QPainter &painter, const QSize &cover)
+{
+    QPainterPath corners;
+    corners.addRect(QRectF(QPointF(), cover));
+    corners.addRoundedRect(QRectF(QPointF(), cover), cornerRadius, cornerRadius);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(corners, Qt::black);
+}
+
+/// A transparent picture of the cover's pixels, painted on in points.
+QImage paintedInPoints(const QSize &cover, const QSize &pixels, const std::function<void(QPainter &)> &paint)
+{
+    QImage picture(pixels, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.scale(double(pixels.width()) / cover.width(), double(pixels.height()) / cover.height());
+    paint(painter);
+    return picture;
+}
+
+QImage shadowPicture(PLShelfCanvas &canvas, const QSize &pixels)
+{
+    const PLSpriteKey key{.kind = PLSpriteKey::Kind::CoverShadow, .size = pixels, .scale = canvas.scale()};
+    return canvas.sprites().sprite(key, [&] { return coverShadow.picture(pixels, canvas.scale()); });
+}
+
+QImage depthPicture(PLShelfCanvas &canvas, const QSize &cover, const QSize &pixels)
+{
+    const PLSpriteKey key{.kind = PLSpriteKey::Kind::CoverDepth, .size = pixels, .scale = canvas.scale()};
+    return canvas.sprites().sprite(key, [&] {
+        return paintedInPoints(cover, pixels, [&](QPainter &painter) { paintDepth(painter, cover); });
+    });
+}
+
+QImage boardPicture(PLShelfCanvas &canvas, const PLShelfBook &book, const QSize &cover, const QSize &pixels)
 {
     const QColor color = PLBookAppearance::colorForBook(book);
-    QImage board(pixels, QImage::Format_ARGB32_Premultiplied);
-    board.fill(Qt::transparent);
-    QPainter painter(&board);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.scale(double(pixels.width()) / cover.width(), double(pixels.height()) / cover.height());
-    if (book.cover.isNull())
-        paintBinding(painter, color, cover);
-    else
-        paintPicture(painter, book.cover, color, pixels, cover);
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    paintDepth(painter, cover);
-    painter.end();
-    QImage picture = coverShadow.picture(pixels, scale);
-    const QMargins around = coverShadow.margins(scale);
-    QPainter(&picture).drawImage(around.left(), around.top(), board);
+    return paintedInPoints(cover, pixels, [&](QPainter &painter) {
+        const QRectF outline(QPointF(), cover);
+        painter.fillRect(outline, color); // seen through a picture that is not opaque
+        if (book.cover.isNull())
+            paintBinding(painter, color, cover);
+        else
+            painter.drawImage(outline, filling(book.cover, pixels));
+        painter.drawImage(outline, depthPicture(canvas, cover, pixels));
+        cutCorners(painter, cover);
+    });
+}
+
+QImage coverPicture(PLShelfCanvas &canvas, const PLShelfBook &book, const QSize &cover, const QSize &pixels)
+{
+    QImage picture = shadowPicture(canvas, pixels);
+    const QMargins around = coverShadow.margins(canvas.scale());
+    QPainter(&picture).drawImage(around.left(), around.top(), boardPicture(canvas, book, cover, pixels));
     return picture;
 }
 
@@ -129,8 +173,8 @@ void PLDrawCoverOfBook(PLShelfCanvas &canvas, const PLShelfBook &book, const QRe
                           .picture = book.cover.isNull() ? 0 : book.cover.cacheKey(),
                           .size = pixels,
                           .scale = canvas.scale()};
-    const QImage picture = canvas.sprites().sprite(
-        key, [&] { return coverPicture(book, cover.size(), pixels, canvas.scale()); });
+    const QImage picture =
+        canvas.sprites().sprite(key, [&] { return coverPicture(canvas, book, cover.size(), pixels); });
     const QMargins around = coverShadow.margins(canvas.scale());
     canvas.drawSprite(cover, picture, QPoint(around.left(), around.top()));
 }

@@ -90,15 +90,10 @@ bool PLShelfScene::isBookNear(int index, const QRect &rect) const
 
 void PLDrawShelf(QPainter &painter, const PLShelfScene &scene, const QRect &dirty, PLSpriteCache &sprites)
 {
-    painter.save();
-    painter.setClipRect(dirty, Qt::IntersectClip);
-    {
-        PLShelfCanvas canvas(painter, sprites);
-        PLDrawWoodInRect(canvas, dirty, scene.size, scene.layout);
-        drawPlanks(canvas, scene, dirty);
-        drawBooks(canvas, scene, dirty);
-        if (scene.books.empty())
-            drawEmptyMessage(canvas, scene);
-    }
-    painter.restore();
+    PLShelfCanvas canvas(painter, sprites);
+    PLDrawWoodInRect(canvas, dirty, scene.size, scene.layout);
+    drawPlanks(canvas, scene, dirty);
+    drawBooks(canvas, scene, dirty);
+    if (scene.books.empty())
+        drawEmptyMessage(canvas, scene);
 }

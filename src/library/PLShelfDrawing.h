@@ -25,6 +25,6 @@ struct PLShelfScene
     bool isBookNear(int index, const QRect &rect) const;
 };
 
-/// Draws what touches the rectangle `dirty`, and nothing outside of it. The painter counts in points from the
-/// view's upper left corner.
+/// Draws all that touches the rectangle `dirty`; parts of it can be outside, the painter's clip keeps them
+/// off. The painter counts in points from the view's upper left corner.
 void PLDrawShelf(QPainter &painter, const PLShelfScene &scene, const QRect &dirty, PLSpriteCache &sprites);

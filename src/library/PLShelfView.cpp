@@ -177,8 +177,8 @@ void PLShelfView::announceSelection()
 void PLShelfView::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    for (const QRect &dirty : event->region())
-        PLDrawShelf(painter, scene(), dirty, m_sprites);
+    // At a fractional scale the pixels to be painted can reach out of the points.
+    PLDrawShelf(painter, scene(), event->rect().marginsAdded(QMargins(1, 1, 1, 1)), m_sprites);
 }
 
 /// What is in sight moves along by itself; but the texts of covers come and go with their books, far from

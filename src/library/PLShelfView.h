@@ -96,7 +96,7 @@ private:
     void updateCoverText(int index);
     void announceSelection();
 
-    int countClick(const QMouseEvent &event);
+    int clickBook(const QMouseEvent &event);
     bool performKey(const QKeyEvent &event);
     void updateDrag(QDropEvent &event);
     void setDropIndex(int index);
@@ -111,6 +111,7 @@ private:
     int m_dropIndex = -1;
     bool m_spineMode = false;
     bool m_scrollsWhenShown = false;
-    int m_clicks = 0;            ///< in quick succession
+    int m_clicks = 0; ///< in quick succession on one book
+    int m_clickedIndex = -1;
     quint64 m_lastClickTime = 0; ///< milliseconds, as the events count them
 };

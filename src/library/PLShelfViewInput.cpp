@@ -6,9 +6,9 @@
 #include "library/PLShelfView.h"
 #include "storage/PLProject.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QStyleHints>
 
@@ -32,34 +32,31 @@ bool isImage(const QUrl &url)
 
 void PLShelfView::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
-        return;
-    countClick(*event);
-    setFocus(Qt::MouseFocusReason);
-    setSelectedIndex(indexOfBookAtPoint(event->position()));
+    if (event->button() == Qt::LeftButton)
+        clickBook(*event);
 }
 
 void PLShelfView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
-        return;
-    const bool isSecondClick = countClick(*event) == 2;
-    setFocus(Qt::MouseFocusReason);
-    const int index = indexOfBookAtPoint(event->position());
-    setSelectedIndex(index);
-    if (isSecondClick)
-        openBookAtIndex(index);
+    if (event->button() == Qt::LeftButton && clickBook(*event) == 2)
+        openBookAtIndex(m_selectedIndex);
 }
 
-/// How many clicks have followed each other quickly. Qt calls the fourth a double click again; that one opens
-/// nothing.
-int PLShelfView::countClick(const QMouseEvent &event)
+/// Selects the book under the pointer. Answers how many clicks on it have followed each other quickly: Qt
+/// calls the fourth a double click again.
+int PLShelfView::clickBook(const QMouseEvent &event)
 {
+    const int index = indexOfBookAtPoint(event.position());
     const auto interval = quint64(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    const bool isQuick = event.timestamp() - m_lastClickTime <= interval;
-    const int least = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
-    m_clicks = qMax(least, isQuick ? m_clicks + 1 : 1);
+    const bool isQuick = index == m_clickedIndex && event.timestamp() - m_lastClickTime <= interval;
+    if (event.type() == QEvent::MouseButtonDblClick)
+        m_clicks = isQuick ? m_clicks + 1 : 2;
+    else
+        m_clicks = isQuick && m_clicks > 1 ? m_clicks + 1 : 1;
+    m_clickedIndex = index;
     m_lastClickTime = event.timestamp();
+    setFocus(Qt::MouseFocusReason);
+    setSelectedIndex(index);
     return m_clicks;
 }
 

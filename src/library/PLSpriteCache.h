@@ -11,7 +11,8 @@
 /// What a drawn piece of a shelf depends on; equal keys, equal pictures.
 struct PLSpriteKey
 {
-    enum class Kind { Cover, Spine, Text };
+    /// Depth and shadow are the same for all covers of a size.
+    enum class Kind { Cover, CoverDepth, CoverShadow, Spine, Text };
 
     Kind kind;
     int style = 0;      ///< of a text

@@ -21,6 +21,13 @@ constexpr int sightSide = 10; // what is shown around a book that is scrolled to
 constexpr int sightAbove = 40;
 constexpr int ringReach = 8;
 
+/// A new cover is no news to a screen reader.
+bool readAlike(const PLShelfBook &first, const PLShelfBook &second)
+{
+    return first.url == second.url && first.title == second.title && first.author == second.author &&
+           first.available == second.available;
+}
+
 } // namespace
 
 PLShelfView::PLShelfView(QWidget *parent) : QWidget(parent)
@@ -34,11 +41,14 @@ PLShelfView::PLShelfView(QWidget *parent) : QWidget(parent)
 
 void PLShelfView::setBooks(std::vector<PLShelfBook> books)
 {
+    const bool isNew = !std::equal(books.begin(), books.end(), m_books.begin(), m_books.end(), readAlike);
     m_books = std::move(books);
     m_selectedIndex = qMin(m_selectedIndex, int(m_books.size()) - 1);
     if (m_dropIndex >= int(m_books.size()))
         m_dropIndex = -1;
     layoutBooks();
+    if (!isNew)
+        return;
     QAccessibleEvent event(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&event);
 }
@@ -214,7 +224,8 @@ void PLShelfView::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
 }
 
+/// Qt tells that the list has the focus after this event; the reader is to end at the book.
 void PLShelfView::focusInEvent(QFocusEvent *)
 {
-    announceSelection();
+    QMetaObject::invokeMethod(this, &PLShelfView::announceSelection, Qt::QueuedConnection);
 }

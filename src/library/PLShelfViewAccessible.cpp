@@ -86,22 +86,22 @@ int PLShelfViewAccessible::indexOfChild(const QAccessibleInterface *child) const
 
 bool PLShelfBookAccessible::isValid() const
 {
-    return m_view && m_index < int(m_view->books().size());
+    return view() && m_index < int(view()->books().size());
 }
 
 QAccessibleInterface *PLShelfBookAccessible::parent() const
 {
-    return m_view ? QAccessible::queryAccessibleInterface(m_view) : nullptr;
+    return view() ? QAccessible::queryAccessibleInterface(view()) : nullptr;
 }
 
 QString PLShelfBookAccessible::text(QAccessible::Text type) const
 {
-    return isValid() && type == QAccessible::Name ? nameOfBook(m_view->books()[size_t(m_index)]) : QString();
+    return isValid() && type == QAccessible::Name ? nameOfBook(view()->books()[size_t(m_index)]) : QString();
 }
 
 QRect PLShelfBookAccessible::rect() const
 {
-    return isValid() ? m_view->rectForBookAtIndex(m_index).translated(m_view->mapToGlobal(QPoint()))
+    return isValid() ? view()->rectForBookAtIndex(m_index).translated(view()->mapToGlobal(QPoint()))
                      : QRect();
 }
 
@@ -113,9 +113,9 @@ QAccessible::State PLShelfBookAccessible::state() const
         return state;
     state.selectable = true;
     state.focusable = true;
-    state.selected = m_view->selectedIndex() == m_index;
-    state.focused = state.selected && m_view->hasFocus();
-    state.offscreen = !m_view->visibleRect().intersects(m_view->rectForBookAtIndex(m_index));
+    state.selected = view()->selectedIndex() == m_index;
+    state.focused = state.selected && view()->hasFocus();
+    state.offscreen = !view()->visibleRect().intersects(view()->rectForBookAtIndex(m_index));
     return state;
 }
 
@@ -142,13 +142,14 @@ void PLShelfBookAccessible::doAction(const QString &name)
 {
     if (!isValid() || !actionNames().contains(name))
         return;
-    m_view->setFocus(Qt::OtherFocusReason);
-    m_view->setSelectedIndex(m_index);
-    PLShelfView *view = m_view;
+    PLShelfView *shelf = view();
+    shelf->setFocus(Qt::OtherFocusReason);
+    shelf->setSelectedIndex(m_index);
+    const auto later = [shelf](auto action) {
+        QMetaObject::invokeMethod(shelf, action, Qt::QueuedConnection);
+    };
     if (name == pressAction())
-        QMetaObject::invokeMethod(
-            view, [view, index = m_index] { view->openBookAtIndex(index); }, Qt::QueuedConnection);
+        later([shelf, index = m_index] { shelf->openBookAtIndex(index); });
     else if (name == showMenuAction())
-        QMetaObject::invokeMethod(
-            view, [view] { view->showMenuOfSelectedBook(); }, Qt::QueuedConnection);
+        later([shelf] { shelf->showMenuOfSelectedBook(); });
 }

@@ -59,6 +59,9 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
-    QPointer<PLShelfView> m_view;
+    /// Null also while the view is going: what it held is gone then, though it still is a widget.
+    PLShelfView *view() const { return qobject_cast<PLShelfView *>(m_view.data()); }
+
+    QPointer<QWidget> m_view;
     int m_index;
 };

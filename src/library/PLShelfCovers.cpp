@@ -3,11 +3,30 @@
 
 #include "library/PLShelfCovers.h"
 
+#include "library/PLBookAppearance.h"
 #include "library/PLShelfView.h"
 #include "storage/PLProject.h"
 
 #include <QEvent>
 #include <QGuiApplication>
+
+namespace {
+
+/// What a book wears until its picture has been read: its cloth without a word, since the title would only be
+/// seen to vanish. One image for each colour, so that they are drawn once.
+QImage clothOfBook(const PLShelfBook &book)
+{
+    static QHash<QRgb, QImage> cloths;
+    const QRgb color = PLBookAppearance::colorForBook(book).rgb();
+    QImage &cloth = cloths[color];
+    if (cloth.isNull()) {
+        cloth = QImage(1, 1, QImage::Format_RGB32);
+        cloth.fill(color);
+    }
+    return cloth;
+}
+
+} // namespace
 
 PLShelfCovers::PLShelfCovers(PLShelfView &shelfView)
     : m_shelfView(shelfView), m_thumbnails(qGuiApp->devicePixelRatio())
@@ -24,8 +43,10 @@ void PLShelfCovers::setBooks(std::vector<PLShelfBook> books)
         if (image.isEmpty())
             continue;
         book.cover = m_thumbnails.knownThumbnailForImageAtURL(image);
-        if (book.cover.isNull())
-            m_missing.push_back({index, image});
+        if (!book.cover.isNull())
+            continue;
+        book.cover = clothOfBook(book);
+        m_missing.push_back({index, image});
     }
     m_shelfView.setBooks(std::move(books));
 }
@@ -49,10 +70,7 @@ void PLShelfCovers::loadNext()
 {
     const MissingCover missing = m_missing.front();
     m_missing.pop_front();
-    const QImage cover = m_thumbnails.thumbnailForImageAtURL(missing.image);
-    if (cover.isNull())
-        return;
     std::vector<PLShelfBook> books = m_shelfView.books();
-    books[missing.book].cover = cover;
+    books[missing.book].cover = m_thumbnails.thumbnailForImageAtURL(missing.image);
     m_shelfView.setBooks(std::move(books));
 }

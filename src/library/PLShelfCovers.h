@@ -27,7 +27,8 @@ public:
 
     PLCoverThumbnails &thumbnails() { return m_thumbnails; }
 
-    /// Puts the books on the shelf, with the covers that are known; the others follow.
+    /// Puts the books on the shelf, with the covers that are known; the others follow. A picture that cannot
+    /// be read leaves its book without a cover.
     void setBooks(std::vector<PLShelfBook> books);
     /// True while covers are to follow.
     bool isLoading() const { return !m_missing.empty(); }

@@ -49,9 +49,6 @@ constexpr PLStringPair pairs[] = {
     // Names of parts of the window, for a screen reader
     {u"Texte de la page", u"Text of the page"},
     {u"Pages du carnet", u"Pages of the notebook"},
-    // A page changed by another program
-    {u"« %@ » a été modifié par un autre programme.", u"“%@” was changed by another program."},
-    {u"Les deux textes sont gardés : le vôtre dans cette page, l'autre dans « %@ ».", u"Both texts are kept: yours in this page, the other one in “%@”."},
     // Tag field, for a screen reader
     {u"Tags proposés", u"Suggested tags"},
     {u"Supprimer le tag", u"Delete Tag"},

@@ -18,7 +18,60 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+std::optional<PLSection> sectionOfCommand(PLCommand command)
+{
+    switch (command) {
+    case PLCommand::NewChapter:
+        return PLSection::Book;
+    case PLCommand::NewCharacter:
+        return PLSection::Characters;
+    case PLCommand::NewPlace:
+        return PLSection::Places;
+    case PLCommand::NewSheet:
+        return PLSection::Sheets;
+    case PLCommand::NewNote:
+        return PLSection::Notes;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
 PLPageCommands::PLPageCommands(const Parts &parts, QObject *parent) : QObject(parent), m_parts(parts) {}
+
+std::optional<PLCommandState> PLPageCommands::stateOfCommand(PLCommand command) const
+{
+    if (sectionOfCommand(command))
+        return PLCommandState{};
+    switch (command) {
+    case PLCommand::RenameSelectedItem:
+    case PLCommand::TrashSelectedItem:
+        return PLCommandState{selectedItem() != nullptr};
+    case PLCommand::RevealInFinder:
+        return PLCommandState{};
+    case PLCommand::SaveDocument:
+        return PLCommandState{m_parts.session.currentItem() != nullptr};
+    default:
+        return std::nullopt;
+    }
+}
+
+void PLPageCommands::performCommand(PLCommand command)
+{
+    if (const auto section = sectionOfCommand(command))
+        return createItemInSection(*section);
+    if (command == PLCommand::RenameSelectedItem)
+        renameItem(selectedItem());
+    else if (command == PLCommand::TrashSelectedItem)
+        trashItem(selectedItem());
+    else if (command == PLCommand::RevealInFinder)
+        revealInFinder(m_parts.sidebar.selectedNode());
+    else if (command == PLCommand::SaveDocument)
+        m_parts.session.saveDocument();
+}
 
 void PLPageCommands::createItemInSection(PLSection section)
 {
@@ -80,6 +133,11 @@ PLProjectItemPointer PLPageCommands::targetItemForNode(const PLSidebarNode *node
         return item;
     const PLSidebarPage *page = m_parts.sidebar.tree().sectionItemForURL(item->fileURL());
     return page ? page->item : item;
+}
+
+PLProjectItemPointer PLPageCommands::selectedItem() const
+{
+    return targetItemForNode(m_parts.sidebar.selectedNode());
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may go while an alert is shown

@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 class PLEditorView;
 class PLPageSession;
 class PLProject;
@@ -33,6 +35,11 @@ public:
 
     explicit PLPageCommands(const Parts &parts, QObject *parent = nullptr);
 
+    /// What a command of the menu bar does now, for the row that is selected; nothing for a command of
+    /// others.
+    std::optional<PLCommandState> stateOfCommand(PLCommand command) const;
+    void performCommand(PLCommand command);
+
     /// Makes a page, opens it, and lets its title be typed.
     void createItemInSection(PLSection section);
     /// Opens the page's title for typing in its row; nothing for null.
@@ -57,6 +64,8 @@ Q_SIGNALS:
     void currentItemRenamed();
 
 private:
+    /// The page of the row that is selected, null for another row or none.
+    PLProjectItemPointer selectedItem() const;
     QUrl locationOfNode(const PLSidebarNode *node) const;
     bool confirmTrash(const PLProjectItem &item) const;
     void finishRename();

@@ -18,9 +18,9 @@ QByteArray fingerprintOf(const QByteArray &bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
 }
 
-std::optional<QByteArray> bytesOf(const PLProjectItem &item)
+std::optional<QByteArray> bytesOf(const PLProjectItem &item, PLError *error = nullptr)
 {
-    return PLReadFile(PLStandardizedPath(item.fileURL()));
+    return PLReadFile(PLStandardizedPath(item.fileURL()), error);
 }
 
 } // namespace
@@ -36,11 +36,14 @@ void PLPageOnDisk::remember(const QByteArray &bytes)
     m_fingerprint = fingerprintOf(bytes);
 }
 
-std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item) const
+std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item, PLError *error) const
 {
     if (m_fingerprint.isEmpty())
         return std::nullopt;
-    std::optional<QByteArray> bytes = bytesOf(item);
+    PLError failure;
+    std::optional<QByteArray> bytes = bytesOf(item, &failure);
+    if (!bytes && PLSomethingExistsAt(PLStandardizedPath(item.fileURL())))
+        PLFail(error, failure);
     if (!bytes || fingerprintOf(*bytes) == m_fingerprint)
         return std::nullopt;
     return bytes;

@@ -19,9 +19,9 @@ public:
     /// What was just written.
     void remember(const QByteArray &bytes);
 
-    /// The file's bytes if they are others than those remembered; none if they are the same, or if the file
-    /// cannot be read.
-    std::optional<QByteArray> changedBytes(const PLProjectItem &item) const;
+    /// The file's bytes if they are others than those remembered; none if they are the same, or if there is
+    /// no file any more. A file that is there and cannot be read is an error.
+    std::optional<QByteArray> changedBytes(const PLProjectItem &item, PLError *error = nullptr) const;
 
 private:
     QByteArray m_fingerprint; ///< empty while there is nothing to compare with

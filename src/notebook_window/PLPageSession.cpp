@@ -122,7 +122,10 @@ bool PLPageSession::writeCurrentItem(PLError *error)
 {
     const QString contents = composedFileContents();
     const QByteArray ours = contents.toUtf8();
-    const std::optional<QByteArray> theirs = m_onDisk.changedBytes(*m_currentItem);
+    PLError unreadable;
+    const std::optional<QByteArray> theirs = m_onDisk.changedBytes(*m_currentItem, &unreadable);
+    if (unreadable.code != 0)
+        return PLFail(error, unreadable);
     if (theirs && *theirs != ours) {
         const PLProjectItemPointer kept = PLKeepBesidePage(*m_currentItem, *theirs, error);
         if (!kept)

@@ -7,7 +7,6 @@
 #include "editor/PLPageTextView.h"
 #include "editor/PLTagField.h"
 #include "foundation/PLText.h"
-#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "notebook_window/PLMakeLabel.h"
 #include "notebook_window/PLPageCommands.h"
@@ -37,24 +36,6 @@ constexpr int smallestSidebarWidth = 170;
 constexpr int largestSidebarWidth = 420;
 constexpr int smallestPageWidth = 320;
 constexpr int dividerWidth = 1;
-
-std::optional<PLSection> sectionOfCommand(PLCommand command)
-{
-    switch (command) {
-    case PLCommand::NewChapter:
-        return PLSection::Book;
-    case PLCommand::NewCharacter:
-        return PLSection::Characters;
-    case PLCommand::NewPlace:
-        return PLSection::Places;
-    case PLCommand::NewSheet:
-        return PLSection::Sheets;
-    case PLCommand::NewNote:
-        return PLSection::Notes;
-    default:
-        return std::nullopt;
-    }
-}
 
 } // namespace
 
@@ -139,33 +120,12 @@ void PLProjectWindowController::windowDidResignKey()
 
 std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
 {
-    if (sectionOfCommand(command))
-        return PLCommandState{};
-    switch (command) {
-    case PLCommand::RenameSelectedItem:
-    case PLCommand::TrashSelectedItem:
-        return PLCommandState{m_pageCommands->targetItemForNode(m_sidebar->selectedNode()) != nullptr};
-    case PLCommand::RevealInFinder:
-        return PLCommandState{};
-    case PLCommand::SaveDocument:
-        return PLCommandState{m_session->currentItem() != nullptr};
-    default:
-        return std::nullopt;
-    }
+    return m_pageCommands->stateOfCommand(command);
 }
 
 void PLProjectWindowController::performCommand(PLCommand command, int)
 {
-    if (const auto section = sectionOfCommand(command))
-        return m_pageCommands->createItemInSection(*section);
-    if (command == PLCommand::RenameSelectedItem)
-        m_pageCommands->renameItem(m_pageCommands->targetItemForNode(m_sidebar->selectedNode()));
-    else if (command == PLCommand::TrashSelectedItem)
-        m_pageCommands->trashItem(m_pageCommands->targetItemForNode(m_sidebar->selectedNode()));
-    else if (command == PLCommand::RevealInFinder)
-        m_pageCommands->revealInFinder(m_sidebar->selectedNode());
-    else if (command == PLCommand::SaveDocument)
-        m_session->saveDocument();
+    m_pageCommands->performCommand(command);
 }
 
 void PLProjectWindowController::buildWindow()
@@ -219,9 +179,9 @@ void PLProjectWindowController::connectParts()
     m_pageCommands = std::make_unique<PLPageCommands>(
         PLPageCommands::Parts{*m_project, *m_sidebar, *m_session, *m_editorView, *m_window});
     connect(m_session.get(), &PLPageSession::dirtyChanged, m_window.get(), &QWidget::setWindowModified);
-    // Not now: the page is being saved.
+    // Not now, the page is being saved; and without a word, the writer may be typing.
     connect(m_session.get(), &PLPageSession::outsideTextKept, this,
-            &PLProjectWindowController::tellOutsideText, Qt::QueuedConnection);
+            &PLProjectWindowController::refreshWhenNoTitleIsTyped, Qt::QueuedConnection);
     connect(m_pageCommands.get(), &PLPageCommands::currentItemRenamed, this,
             &PLProjectWindowController::updateWindowTitle);
     connectSidebar();
@@ -246,9 +206,9 @@ void PLProjectWindowController::connectSidebar()
     });
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,
-            [=] { commands->renameItem(commands->targetItemForNode(sidebar->selectedNode())); });
+            [=] { commands->performCommand(PLCommand::RenameSelectedItem); });
     connect(view, &PLSidebarView::trashRequested, commands,
-            [=] { commands->trashItem(commands->targetItemForNode(sidebar->selectedNode())); });
+            [=] { commands->performCommand(PLCommand::TrashSelectedItem); });
     connect(view, &QTreeView::doubleClicked, commands, [=](const QModelIndex &index) {
         if (const PLProjectItemPointer item = PLItemOfNode(sidebar->nodeForIndex(index)))
             commands->focusTextIfEditing(item);
@@ -338,18 +298,4 @@ void PLProjectWindowController::refreshWhenNoTitleIsTyped()
     m_refreshIsDue = m_sidebar->isEditingName();
     if (!m_refreshIsDue)
         refreshSidebar();
-}
-
-void PLProjectWindowController::tellOutsideText(const PLProjectItemPointer &page,
-                                                const PLProjectItemPointer &keptPage)
-{
-    refreshWhenNoTitleIsTyped();
-    PLAlert alert;
-    alert.style = PLAlert::Style::Informational;
-    alert.message =
-        PLFormat(PLDesktopString(u"« %@ » a été modifié par un autre programme."_s), {page->title()});
-    alert.informativeText = PLFormat(
-        PLDesktopString(u"Les deux textes sont gardés : le vôtre dans cette page, l'autre dans « %@ »."_s),
-        {keptPage->title()});
-    alert.runModal(m_window.get());
 }

@@ -79,7 +79,6 @@ private:
     void updateWindowTitle();
     void tagsDidChange();
     void refreshWhenNoTitleIsTyped();
-    void tellOutsideText(const PLProjectItemPointer &page, const PLProjectItemPointer &keptPage);
 
     std::unique_ptr<PLProject> m_project;
     std::unique_ptr<PLWindow> m_window;

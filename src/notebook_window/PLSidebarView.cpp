@@ -35,7 +35,6 @@ PLSidebarView::PLSidebarView(QWidget *parent) : QTreeView(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTextElideMode(Qt::ElideRight);
-    setAccessibleName(PLDesktopString(u"Pages du carnet"_s));
     applyColors();
 }
 

@@ -72,8 +72,10 @@ QMap<QString, QByteArray> PLWriter::filesOnDisk() const
 /// What was put off until the event loop turns is done; the timers of two seconds are not waited for.
 void PLWriter::settle() const
 {
-    for (int turn = 0; turn < 3; ++turn)
+    for (int turn = 0; turn < 3; ++turn) {
         QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 QString PLWriter::fail(const QString &text) const

@@ -54,7 +54,11 @@ struct PLWriterActions
     static void expectInserted(PLWriter &writer, const PLTextRange &selection, const QString &inserted)
     {
         QString text = writer.m_model.page.text;
-        writer.m_model.textBecame(text.replace(selection.position, selection.length, inserted));
+        text.replace(selection.position, selection.length, inserted);
+        // The same again may count as a change or not.
+        if (text == writer.m_model.page.text)
+            writer.m_model.dirty = writer.m_window->session().isDirty();
+        writer.m_model.textBecame(text);
     }
 
     static void write(PLWriter &writer, quint32 which, quint32)
@@ -216,7 +220,7 @@ struct PLWriterActions
         writer.m_model.page.tags = shown;
         writer.m_model.dirty = true;
         if (isChanged)
-            writer.expectSaved(); // at once, for the sidebar
+            writer.expectSaved();                                    // at once, for the sidebar
         writer.m_model.dirty = writer.m_window->session().isDirty(); // the spelling is looked after later
     }
 

@@ -31,8 +31,9 @@ private Q_SLOTS:
     void aFileThatWasOnlyTouchedIsNoChange();
     void everyByteFromOutsideIsKept();
     void withoutRoomForBothNothingIsOverwritten();
+    void aFileThatCannotBeReadIsNotOverwritten();
     void theEndOfTheProgramKeepsBothWithoutAWord();
-    void theWriterIsToldAndTheListShowsBoth();
+    void theListShowsBothWithoutAWord();
     void anUntouchedPageFollowsTheDisk();
     void aPageThatIsWrittenInDoesNot();
     void aPageThatCanNoLongerBeReadStays();
@@ -164,6 +165,23 @@ void PLOutsideChangeTest::withoutRoomForBothNothingIsOverwritten()
     QCOMPARE(m_window->notebook.read(u"Livre/01 - A 2.md"_s), theirs);
 }
 
+/// Too large a file, as root can read any other.
+void PLOutsideChangeTest::aFileThatCannotBeReadIsNotOverwritten()
+{
+    m_window->type(u"x"_s);
+    QFile large(m_window->notebook.path(file));
+    QVERIFY(large.resize(PLLargestFileSize + 1));
+
+    QVERIFY(!session().saveCurrentItem());
+
+    QCOMPARE(m_window->alerts, QStringList{u"Impossible d'enregistrer « A »"_s});
+    QCOMPARE(large.size(), PLLargestFileSize + 1);
+    QVERIFY(session().isDirty());
+    QVERIFY(large.remove());
+    QVERIFY(session().saveCurrentItem());
+    QCOMPARE(m_window->notebook.read(file), u"---\ntags: bal\n---\n\nxun"_s);
+}
+
 void PLOutsideChangeTest::theEndOfTheProgramKeepsBothWithoutAWord()
 {
     m_window->type(u"x"_s);
@@ -176,15 +194,15 @@ void PLOutsideChangeTest::theEndOfTheProgramKeepsBothWithoutAWord()
     QVERIFY(m_window->alerts.isEmpty());
 }
 
-void PLOutsideChangeTest::theWriterIsToldAndTheListShowsBoth()
+void PLOutsideChangeTest::theListShowsBothWithoutAWord()
 {
     m_window->type(u"x"_s);
     m_window->notebook.write(file, u"---\ntags: mer\n---\n\ndu dehors"_s);
 
     QVERIFY(session().saveCurrentItem());
 
-    QTRY_COMPARE(m_window->alerts, QStringList{u"« A » a été modifié par un autre programme."_s});
-    QCOMPARE(m_window->sidebar().tree().section(PLSection::Book)->childCount(), 2);
+    QTRY_COMPARE(m_window->sidebar().tree().section(PLSection::Book)->childCount(), 2);
+    QCOMPARE(m_window->alerts, QStringList());
     QCOMPARE(m_window->sidebar().allTags(), QStringList({u"bal"_s, u"mer"_s}));
     QCOMPARE(m_window->selectedText(), u"A"_s);
     QCOMPARE(m_window->editor()->text(), u"xun"_s);

@@ -40,7 +40,7 @@ click_add() { xdotool mousemove $((window_x + sidebar_width - 14)) "$(row_at "$1
 click_tag_field() { xdotool mousemove $((window_x + sidebar_width + 400)) $((sidebar_top + 52)) click 1; }
 
 bring() {
-    xdotool search --onlyvisible --name "$1" windowactivate --sync
+    xdotool search --onlyvisible --name "$1" windowactivate 2>/dev/null || true # what comes of it is what counts
     until_true "the window $1" starts_with "$1"
 }
 starts_with() { [[ $(active_title) == "$1"* ]]; }

@@ -138,14 +138,12 @@ void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
 
 void PLSidebarController::commitTitle()
 {
-    if (!m_titleField)
-        return;
-    QLineEdit *field = std::exchange(m_titleField, nullptr);
-    const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
-    const QString title = field->text();
-    Q_EMIT m_rowDelegate->closeEditor(field);
-    Q_EMIT titleTyped(item, title);
-    Q_EMIT nameEditingEnded();
+    if (QLineEdit *field = std::exchange(m_titleField, nullptr)) {
+        m_typedItem = std::exchange(m_titleItem, nullptr);
+        m_typedTitle = field->text();
+        Q_EMIT m_rowDelegate->closeEditor(field);
+    }
+    tellTypedTitle();
 }
 
 /// The rows that were in sight stay where they are.
@@ -227,17 +225,21 @@ void PLSidebarController::titleEditingBegan(QLineEdit *field)
 /// the title, which runs a loop of its own, would pull the field from under it.
 void PLSidebarController::titleFieldFilled(const QString &title)
 {
-    const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
+    if (!m_titleItem)
+        return;
     m_titleField = nullptr;
+    m_typedItem = std::exchange(m_titleItem, nullptr);
+    m_typedTitle = title;
+    QMetaObject::invokeMethod(this, &PLSidebarController::tellTypedTitle, Qt::QueuedConnection);
+}
+
+void PLSidebarController::tellTypedTitle()
+{
+    const PLProjectItemPointer item = std::exchange(m_typedItem, nullptr);
     if (!item)
         return;
-    QMetaObject::invokeMethod(
-        this,
-        [this, item, title] {
-            Q_EMIT titleTyped(item, title);
-            Q_EMIT nameEditingEnded();
-        },
-        Qt::QueuedConnection);
+    Q_EMIT titleTyped(item, m_typedTitle);
+    Q_EMIT nameEditingEnded();
 }
 
 /// Escape leaves the field without a word to the model, so the end of the editor is what is waited for.

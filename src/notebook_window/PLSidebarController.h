@@ -68,6 +68,7 @@ private:
     const PLSidebarNode *equivalentOf(const PLSidebarNode &node, const PLSidebarTree &newTree) const;
     void titleEditingBegan(QLineEdit *field);
     void titleFieldFilled(const QString &title);
+    void tellTypedTitle();
     void titleEditingEnded(const QObject *field);
 
     const PLProject &m_project;
@@ -77,5 +78,7 @@ private:
     QSet<QString> m_expandedTags;      ///< in lower case
     PLProjectItemPointer m_titleItem;  ///< whose title is being typed
     QLineEdit *m_titleField = nullptr; ///< where it is being typed
+    PLProjectItemPointer m_typedItem;  ///< whose title has been typed, until that is told
+    QString m_typedTitle;
     bool m_reloading = false;
 };

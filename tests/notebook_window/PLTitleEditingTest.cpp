@@ -3,6 +3,7 @@
 
 #include "editor/PLTagField.h"
 #include "notebook_window/PLNotebookWindowFixture.h"
+#include "notebook_window/PLSidebarRowDelegate.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void theListIsNotReadAgainWhileATitleIsTyped();
     void aTitleWaitsWhileAnotherWindowHasTheFocus();
     void aTitleIsKeptWhenAnotherPageIsMade();
+    void aTitleIsKeptWhenTheAddButtonIsPressed();
     void aTitleIsKeptWhenTheWindowCloses();
     void aTagTypedJustBeforeDoesNotEndTheTyping();
     void theAlertOfAFailedRenameIsShownOverTheRow_data();
@@ -66,6 +68,13 @@ private:
 
     QTimer m_timer;
 };
+
+/// What follows a typed title takes several turns, and must not end the title that is typed next.
+void letEventsCome()
+{
+    for (int turn = 0; turn < 5; ++turn)
+        QApplication::processEvents();
+}
 
 void beginTitle(const PLNotebookWindowFixture &window)
 {
@@ -250,11 +259,33 @@ void PLTitleEditingTest::aTitleIsKeptWhenAnotherPageIsMade()
 
     QVERIFY(window.notebook.exists(u"Livre/01 - Bal.md"_s));
     QVERIFY(window.notebook.exists(u"Personnages/Nouveau personnage.md"_s));
-    QApplication::processEvents();
+    letEventsCome();
     QCOMPARE(window.selectedText(), u"Nouveau personnage"_s);
     QVERIFY(window.titleField());
     QCOMPARE(window.titleField()->selectedText(), u"Nouveau personnage"_s);
     QVERIFY(window.sidebar().isEditingName());
+}
+
+void PLTitleEditingTest::aTitleIsKeptWhenTheAddButtonIsPressed()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    PLSidebarView *view = window.sidebar().view();
+    const QRect section = view->visualRect(view->model()->index(int(PLSection::Places), 0));
+
+    view->setFocus(Qt::MouseFocusReason); // as a real press does first
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                      PLSidebarRowDelegate::addButtonRect(section).center());
+    letEventsCome();
+
+    QVERIFY(window.notebook.exists(u"Livre/01 - Bal.md"_s));
+    QVERIFY(window.notebook.exists(u"Lieux/Nouveau lieu.md"_s));
+    QCOMPARE(window.selectedText(), u"Nouveau lieu"_s);
+    QVERIFY(window.titleField());
+    QCOMPARE(window.titleField()->selectedText(), u"Nouveau lieu"_s);
 }
 
 void PLTitleEditingTest::aTitleIsKeptWhenTheWindowCloses()

@@ -50,7 +50,7 @@ QImage PLBookShadow::picture(const QSize &pixels, double scale) const
         auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
         const double darkness = 255 * alpha * down[size_t(y)];
         for (int x = 0; x < image.width(); ++x)
-            row[x] = qRgba(0, 0, 0, int(darkness * across[size_t(x)] + 0.5));
+            row[x] = qRgba(0, 0, 0, qRound(darkness * across[size_t(x)]));
     }
     return image;
 }

@@ -7,8 +7,10 @@
 #include "support/PLTestEnvironment.h"
 
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QScreen>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -106,8 +108,8 @@ void PLShelfViewTest::growingBackTakesTheScrollBarAway()
 void PLShelfViewTest::everySizeSettles()
 {
     PLShelfStage stage(12);
-    for (int width = 560; width < 1200; width += 7) {
-        for (int height = 440; height < 800; height += 35) {
+    for (int width = 560; width < 1200; width += 29) {
+        for (int height = 440; height < 800; height += 60) {
             stage.area.resize(width, height);
             stage.settle();
             const QSize seen = stage.area.viewport()->size();
@@ -228,7 +230,13 @@ void PLShelfViewTest::aSelectionMadeWhileHiddenIsInSightWhenShown()
 
 void PLShelfViewTest::leavingByTabDoesNotScroll()
 {
-    const PLShelfStage stage(60);
+    PLShelfStage stage(60);
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(&stage.area);
+    layout->addWidget(new QLineEdit);
+    window.show();
+    QApplication::setActiveWindow(&window);
     stage.shelf->setSelectedIndex(0);
     for (const int value : {0, 17, 900}) {
         stage.area.verticalScrollBar()->setValue(value);
@@ -237,6 +245,7 @@ void PLShelfViewTest::leavingByTabDoesNotScroll()
         QVERIFY(!stage.shelf->hasFocus());
         QCOMPARE(stage.area.verticalScrollBar()->value(), value);
     }
+    stage.area.setParent(nullptr); // it belongs to the stage
 }
 
 void PLShelfViewTest::aDragTargetThatIsGoneIsForgotten()

@@ -91,15 +91,21 @@ QRect PLWoodButton::bezel() const
 
 QPainterPath PLWoodButton::outline(const QRectF &frame, double cornerRadius) const
 {
-    const double left = m_ends == Ends::Right ? 0 : 2 * cornerRadius; // the sides of the corners' squares
-    const double right = m_ends == Ends::Left ? 0 : 2 * cornerRadius;
-    const QPointF bottomRight = frame.bottomRight();
-    QPainterPath path;
-    path.moveTo(frame.left() + left / 2, frame.top());
-    path.arcTo(bottomRight.x() - right, frame.top(), right, right, 90, -90);
-    path.arcTo(bottomRight.x() - right, bottomRight.y() - right, right, right, 0, -90);
-    path.arcTo(frame.left(), bottomRight.y() - left, left, left, 270, -90);
-    path.arcTo(frame.left(), frame.top(), left, left, 180, -90);
+    const double left = m_ends == Ends::Right ? 0 : cornerRadius;
+    const double right = m_ends == Ends::Left ? 0 : cornerRadius;
+    QPainterPath path(QPointF(frame.left(), frame.bottom() - left));
+    // A corner's square by its middle. An arc of no size would not even draw the line to its place.
+    const auto addCorner = [&path](const QPointF &middle, double size, double angle) {
+        const QRectF square(middle.x() - size, middle.y() - size, 2 * size, 2 * size);
+        if (size > 0)
+            path.arcTo(square, angle, -90);
+        else
+            path.lineTo(middle);
+    };
+    addCorner(frame.topLeft() + QPointF(left, left), left, 180);
+    addCorner(frame.topRight() + QPointF(-right, right), right, 90);
+    addCorner(frame.bottomRight() + QPointF(-right, -right), right, 0);
+    addCorner(frame.bottomLeft() + QPointF(left, -left), left, 270);
     path.closeSubpath();
     return path;
 }
@@ -117,7 +123,7 @@ void PLWoodButton::drawBezel(QPainter &painter) const
     fill.setColorAt(1, QColor(look.bottom));
     const auto strokeInside = [&](double inset, double width, QRgb color) {
         const double in = inset + width / 2;
-        painter.setPen(QPen(QColor(color), width));
+        painter.setPen(QPen(QColor(color), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter.drawPath(outline(frame.adjusted(in, in, -in, -in), qMax(1.0, radius * scale - in)));
     };
     painter.save();

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void theStatesCanBeToldApart();
     void edgesAreSharpAtEveryScale_data();
     void edgesAreSharpAtEveryScale();
+    void segmentsMeetAndAreRoundOutside();
     void spaceAndReturnPress();
 };
 
@@ -161,6 +162,26 @@ void PLWoodButtonTest::edgesAreSharpAtEveryScale()
     while (image.pixel(x, bottom) == ground)
         --bottom;
     QCOMPARE(image.pixel(x, bottom), edge);
+}
+
+void PLWoodButtonTest::segmentsMeetAndAreRoundOutside()
+{
+    for (const auto ends : {PLWoodButton::Ends::Left, PLWoodButton::Ends::Right}) {
+        const bool isLeft = ends == PLWoodButton::Ends::Left;
+        PLWoodButton segment(QString{});
+        prepare(segment, State::Plain);
+        segment.setEnds(ends);
+        const QImage image = picture(segment);
+        const int inside = isLeft ? image.width() - 1 : 0;
+        const int outside = isLeft ? 2 : image.width() - 3;
+        for (const int y : {2, 16, 29}) {
+            QVERIFY(qGray(image.pixel(inside, y)) < 32); // the edge
+            QVERIFY(image.pixel(75, y) != 0xFF503018);
+        }
+        QVERIFY(image.pixel(outside, 16) == 0xFF2A180C);
+        QVERIFY(image.pixel(outside, 2) == 0xFF503018);
+        QVERIFY(image.pixel(outside, 29) == 0xFF503018);
+    }
 }
 
 void PLWoodButtonTest::spaceAndReturnPress()

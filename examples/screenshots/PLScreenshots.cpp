@@ -3,6 +3,7 @@
 
 #include "PLScreenshots.h"
 
+#include "PLExampleShelf.h"
 #include "notebook_window/PLProjectWindowController.h"
 #include "notebook_window/PLSidebarController.h"
 #include "platform/PLWindow.h"
@@ -54,7 +55,7 @@ bool PLScreenshots::drawAll()
     for (const QString &notebook : notebooks)
         PLRecentProjects::addURL(QUrl::fromLocalFile(m_copies.filePath(notebook)));
     const QString notebook = m_language == u"fr" ? u"Le phare d'Ouessant"_s : u"The Lamp Room"_s;
-    return drawNotebook(m_copies.filePath(notebook)) && drawLibrary(u"library"_s);
+    return drawNotebook(m_copies.filePath(notebook)) && drawFullLibrary(m_copies.filePath(notebook));
 }
 
 bool PLScreenshots::copyExamples()
@@ -91,7 +92,25 @@ bool PLScreenshots::drawNotebook(const QString &folder)
 bool PLScreenshots::drawLibrary(const QString &what)
 {
     m_delegate.showLibrary();
+    while (m_delegate.library()->isLoadingCovers())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return draw(*m_delegate.library()->window(), what);
+}
+
+/// By covers and by spines; one notebook is missing.
+bool PLScreenshots::drawFullLibrary(const QString &notebook)
+{
+    PLRecentProjects::removeURL(QUrl::fromLocalFile(notebook));
+    if (!PLMakeExampleShelf(m_shelf.path(), m_language) || !PLPaintExampleCover(notebook, 0))
+        return false;
+    PLRecentProjects::addURL(QUrl::fromLocalFile(notebook));
+    if (!drawLibrary(u"library"_s))
+        return false;
+    PLModeControl *mode = m_delegate.library()->content()->modeControl();
+    mode->segment(1)->click();
+    const bool isDrawn = drawLibrary(u"library-spines"_s);
+    mode->segment(0)->click();
+    return isDrawn;
 }
 
 bool PLScreenshots::draw(QWidget &window, const QString &what) const

@@ -25,10 +25,12 @@ private:
     [[nodiscard]] bool drawNotebook(const QString &folder);
     [[nodiscard]] bool draw(QWidget &window, const QString &what) const;
     [[nodiscard]] bool drawLibrary(const QString &what);
+    [[nodiscard]] bool drawFullLibrary(const QString &notebook);
 
     QString m_language;
     QDir m_examples;
     QDir m_pictures;
     QTemporaryDir m_copies;
+    QTemporaryDir m_shelf; ///< the writer's other notebooks
     PLAppDelegate m_delegate;
 };

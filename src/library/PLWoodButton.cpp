@@ -8,11 +8,13 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <cmath>
+
 namespace {
 
 constexpr double radius = 5;
-constexpr double sideMargin = 5; // beside a button of its own, where its frame and the next one's meet
-constexpr double margin = 2;     // room for the focus ring
+constexpr int sideMargin = 5; // beside a button of its own, where its frame and the next one's meet
+constexpr int margin = 2;
 constexpr int titleSize = 13;
 constexpr double disabledOpacity = 0.6;
 
@@ -44,6 +46,12 @@ Look lookOf(const QAbstractButton &button, bool isProminent)
     return isHovered ? hoveredLook : plainLook;
 }
 
+QRectF wholePixels(const QRectF &rect)
+{
+    return {QPointF(std::round(rect.left()), std::round(rect.top())),
+            QPointF(std::round(rect.right()), std::round(rect.bottom()))};
+}
+
 } // namespace
 
 PLWoodButton::PLWoodButton(const QString &title, QWidget *parent) : QPushButton(title, parent)
@@ -72,53 +80,62 @@ void PLWoodButton::paintEvent(QPaintEvent *)
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     drawBezel(painter);
     drawTitle(painter);
-    if (hasFocus())
-        drawFocusRing(painter);
 }
 
-/// Half a point in, so that the edge line covers whole pixels.
-QRectF PLWoodButton::bezel() const
+QRect PLWoodButton::bezel() const
 {
-    const double left = m_ends == Ends::Both ? sideMargin : m_ends == Ends::Left ? margin : 0;
-    const double right = m_ends == Ends::Both ? sideMargin : m_ends == Ends::Right ? margin : 0;
-    return QRectF(rect()).adjusted(left + 0.5, margin + 0.5, -right - 0.5, -margin - 0.5);
+    const int left = m_ends == Ends::Both ? sideMargin : m_ends == Ends::Left ? margin : 0;
+    const int right = m_ends == Ends::Both ? sideMargin : m_ends == Ends::Right ? margin : 0;
+    return rect().adjusted(left, margin, -right, -margin);
 }
 
-QPainterPath PLWoodButton::outline(const QRectF &bezel, double cornerRadius) const
+QPainterPath PLWoodButton::outline(const QRectF &frame, double cornerRadius) const
 {
-    QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
-    path.addRoundedRect(bezel, cornerRadius, cornerRadius);
-    QRectF half = bezel;
-    if (m_ends == Ends::Left)
-        half.setLeft(bezel.center().x());
-    else if (m_ends == Ends::Right)
-        half.setRight(bezel.center().x());
-    if (m_ends != Ends::Both)
-        path.addRect(half);
-    return path.simplified();
+    const double left = m_ends == Ends::Right ? 0 : cornerRadius;
+    const double right = m_ends == Ends::Left ? 0 : cornerRadius;
+    QPainterPath path(QPointF(frame.left(), frame.bottom() - left));
+    // A corner's square by its middle. An arc of no size would not even draw the line to its place.
+    const auto addCorner = [&path](const QPointF &middle, double size, double angle) {
+        const QRectF square(middle.x() - size, middle.y() - size, 2 * size, 2 * size);
+        if (size > 0)
+            path.arcTo(square, angle, -90);
+        else
+            path.lineTo(middle);
+    };
+    addCorner(frame.topLeft() + QPointF(left, left), left, 180);
+    addCorner(frame.topRight() + QPointF(-right, right), right, 90);
+    addCorner(frame.bottomRight() + QPointF(-right, -right), right, 0);
+    addCorner(frame.bottomLeft() + QPointF(left, -left), left, 270);
+    path.closeSubpath();
+    return path;
 }
 
+/// On whole device pixels, so that the edge is sharp at every scale.
 void PLWoodButton::drawBezel(QPainter &painter) const
 {
-    const QRectF frame = bezel();
+    const QTransform toDevice = painter.deviceTransform();
+    const double scale = toDevice.m11();
+    const double line = qMax(1.0, std::round(scale));
+    const QRectF frame = wholePixels(toDevice.mapRect(QRectF(bezel())));
     const Look look = lookOf(*this, m_isProminent);
     QLinearGradient fill(frame.topLeft(), frame.bottomLeft());
     fill.setColorAt(0, QColor(look.top));
     fill.setColorAt(1, QColor(look.bottom));
-    painter.setPen(QPen(QColor(edgeColor), 1));
+    const auto strokeInside = [&](double inset, double width, QRgb color) {
+        const double in = inset + width / 2;
+        painter.setPen(QPen(QColor(color), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawPath(outline(frame.adjusted(in, in, -in, -in), qMax(1.0, radius * scale - in)));
+    };
+    painter.save();
+    painter.setWorldTransform(toDevice.inverted() * painter.worldTransform());
     painter.setBrush(fill);
-    painter.drawPath(outline(frame, radius));
-}
-
-void PLWoodButton::drawFocusRing(QPainter &painter) const
-{
-    const QRectF frame = bezel();
-    painter.setPen(QPen(QColor(edgeColor), 1));
+    strokeInside(0, line, edgeColor);
     painter.setBrush(Qt::NoBrush);
-    painter.drawPath(outline(frame.adjusted(2.5, 2.5, -2.5, -2.5), radius - 2));
-    painter.setPen(QPen(QColor(ringColor), 2));
-    painter.drawPath(outline(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius));
+    if (hasFocus()) {
+        strokeInside(0, 2 * line, ringColor);
+        strokeInside(2 * line, line, edgeColor);
+    }
+    painter.restore();
 }
 
 void PLWoodButton::drawTitle(QPainter &painter) const

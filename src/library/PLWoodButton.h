@@ -27,10 +27,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QRectF bezel() const;
-    QPainterPath outline(const QRectF &bezel, double radius) const;
+    QRect bezel() const;
+    QPainterPath outline(const QRectF &frame, double cornerRadius) const;
     void drawBezel(QPainter &painter) const;
-    void drawFocusRing(QPainter &painter) const;
     void drawTitle(QPainter &painter) const;
 
     Ends m_ends = Ends::Both;

@@ -5,6 +5,7 @@
 
 #include "editor/PLPageDocument.h"
 #include "editor/PLPageLayout.h"
+#include "editor/PLTyping.h"
 #include "i18n/PLLocalization.h"
 #include "theme/PLTheme.h"
 
@@ -14,7 +15,6 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTextDocumentFragment>
 
 using namespace Qt::StringLiterals;
 
@@ -109,19 +109,28 @@ void PLPageTextView::performCommand(PLCommand command, int)
 
 void PLPageTextView::keyPressEvent(QKeyEvent *event)
 {
-    if (event == QKeySequence::InsertParagraphSeparator || event == QKeySequence::InsertLineSeparator) {
-        insertPageText(u"\n"_s);
-        event->accept();
-        return;
-    }
-    if (!isReadOnly() && event == QKeySequence::Undo)
+    if (isReadOnly())
+        return QTextEdit::keyPressEvent(event);
+    if (event == QKeySequence::InsertParagraphSeparator || event == QKeySequence::InsertLineSeparator)
+        return insertPageText(u"\n"_s);
+    if (event == QKeySequence::Undo)
         return undo();
-    if (!isReadOnly() && event == QKeySequence::Redo)
+    if (event == QKeySequence::Redo)
         return redo();
+    if (PLIsTyping(*event))
+        return type(event);
+    const bool isMenuKey = event->modifiers() & (Qt::AltModifier | Qt::MetaModifier);
+    if (isMenuKey && !event->text().isEmpty() && event->text().front().isPrint())
+        return event->ignore(); // QTextEdit would type the letter
+    QTextEdit::keyPressEvent(event);
+}
+
+void PLPageTextView::type(QKeyEvent *event)
+{
     const QString text = event->text();
-    if (!text.isEmpty() && text.front().isPrint() && m_typingSteps.beginsWith(text.front()))
+    if (m_typingSteps.beginsWith(text.front()))
         beginUndoStep();
-    if (!isReadOnly() && m_characters->encoded(text) != text)
+    if (m_characters->encoded(text) != text)
         return insertPageText(text);
     QTextEdit::keyPressEvent(event);
 }
@@ -187,8 +196,7 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text =
-        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text = isHtmlOnly ? PLTextOfHTML(source->html()) : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 

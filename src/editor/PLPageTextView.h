@@ -81,6 +81,7 @@ private:
     void drawBackgroundInRect(const QRect &rect);
     void layOutMore();
     PLPageLayout *pageLayout() const;
+    void type(QKeyEvent *event);
     void insertPageText(const QString &text);
     void replaceSelection(QTextCursor &cursor, const QString &text);
     QString pageTextOf(const QTextCursor &selection) const;

@@ -56,9 +56,14 @@ private Q_SLOTS:
     void resizingIsNoChangeAndAddsNoUndoStep();
     void undoGoesByWords();
     void aNewWordForgetsWhatWasUndone();
+    void aKeyThatTypesNothingKeepsWhatWasUndone_data();
+    void aKeyThatTypesNothingKeepsWhatWasUndone();
+    void aPageThatCannotBeEditedTakesNoKey_data();
+    void aPageThatCannotBeEditedTakesNoKey();
     void returnInAnEmptyParagraphMakesAnother();
     void whatIsInSightStaysWhileThePageIsLaidOut();
     void aPasteKeepsItsSpacesAndIsOneUndoStep();
+    void aClipboardOfNothingButHTMLGivesItsText_data();
     void aClipboardOfNothingButHTMLGivesItsText();
     void whatIsCopiedIsTheTextItself();
     void aNarrowMarginHasNoRule();
@@ -172,6 +177,61 @@ void PLPageTextViewTest::aNewWordForgetsWhatWasUndone()
     QCOMPARE(view.pageText(), u"un "_s);
 }
 
+void PLPageTextViewTest::aKeyThatTypesNothingKeepsWhatWasUndone_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a menu's letter") << Qt::Key_X << Qt::KeyboardModifiers(Qt::AltModifier) << u"x"_s;
+    QTest::newRow("a digit with Ctrl") << Qt::Key_7 << Qt::KeyboardModifiers(Qt::ControlModifier) << u"7"_s;
+    QTest::newRow("an accent with Meta")
+        << Qt::Key_Eacute << Qt::KeyboardModifiers(Qt::MetaModifier) << u"é"_s;
+    QTest::newRow("Return with Ctrl")
+        << Qt::Key_Return << Qt::KeyboardModifiers(Qt::ControlModifier) << u"\r"_s;
+}
+
+void PLPageTextViewTest::aKeyThatTypesNothingKeepsWhatWasUndone()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QString, text);
+    PLPageTextView view;
+    QTest::keyClicks(&view, u"un deux "_s);
+    view.undo();
+
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(&view, &press);
+
+    QCOMPARE(view.pageText(), u"un "_s);
+    QVERIFY(view.document()->isRedoAvailable());
+    view.redo();
+    QCOMPARE(view.pageText(), u"un deux "_s);
+}
+
+void PLPageTextViewTest::aPageThatCannotBeEditedTakesNoKey_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("letter") << Qt::Key_A << u"a"_s;
+    QTest::newRow("return") << Qt::Key_Return << u"\r"_s;
+    QTest::newRow("what documents keep for themselves") << Qt::Key_unknown << u"\ufdd0"_s;
+}
+
+void PLPageTextViewTest::aPageThatCannotBeEditedTakesNoKey()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(QString, text);
+    PLPageTextView view;
+    view.setPageText(u"Une page."_s);
+    view.setReadOnly(true);
+
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&view, &press);
+
+    QCOMPARE(view.pageText(), u"Une page."_s);
+    QVERIFY(!view.document()->isUndoAvailable());
+}
+
 void PLPageTextViewTest::returnInAnEmptyParagraphMakesAnother()
 {
     PLPageTextView view;
@@ -221,16 +281,32 @@ void PLPageTextViewTest::aPasteKeepsItsSpacesAndIsOneUndoStep()
     QCOMPARE(view.pageText(), u"avant\u00a0:\nligne\u202f\n après"_s);
 }
 
+void PLPageTextViewTest::aClipboardOfNothingButHTMLGivesItsText_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("bold") << u"<p>Un <b>mot</b></p>"_s << u"Un mot"_s;
+    QTest::newRow("paragraphs") << u"<h1>Un</h1><p>deux</p><p>trois</p>"_s << u"Un\ndeux\ntrois"_s;
+    QTest::newRow("a line break") << u"un<br>deux"_s << u"un\ndeux"_s;
+    QTest::newRow("French spaces") << u"<p>«&nbsp;Non&#8239;!&nbsp;»</p>"_s << u"«\u00a0Non\u202f!\u00a0»"_s;
+    QTest::newRow("French spaces in other words")
+        << u"<p>Non\u202f! Si&#x202F;! «\u00a0Ah\u00a0»</p>"_s << u"Non\u202f! Si\u202f! «\u00a0Ah\u00a0»"_s;
+    QTest::newRow("a table") << u"<table><tr><td>un</td><td>deux</td></tr></table>"_s << u"un\ndeux"_s;
+    QTest::newRow("a picture") << u"<p>un<img src='http://localhost/a.png'>deux</p>"_s << u"undeux"_s;
+    QTest::newRow("script and style") << u"<style>p{}</style><script>x()</script><p>un</p>"_s << u"un"_s;
+}
+
 void PLPageTextViewTest::aClipboardOfNothingButHTMLGivesItsText()
 {
+    QFETCH(QString, html);
     PLPageTextView view;
     auto *data = new QMimeData;
-    data->setHtml(u"<p>Un <b>mot</b></p>"_s);
+    data->setHtml(html);
     QGuiApplication::clipboard()->setMimeData(data);
 
     view.paste();
 
-    QCOMPARE(view.pageText(), u"Un mot"_s);
+    QTEST(view.pageText(), "text");
     QVERIFY(!view.textCursor().charFormat().font().bold());
 }
 

@@ -43,6 +43,8 @@ constexpr PLStringPair pairs[] = {
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // The format bar
+    {u"Autres commandes", u"More Commands"},
     // Tag field, for a screen reader
     {u"Tags proposés", u"Suggested tags"},
     {u"Supprimer le tag", u"Delete Tag"},

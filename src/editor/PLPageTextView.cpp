@@ -48,6 +48,7 @@ void PLPageTextView::setPageText(const QString &text)
 {
     m_loading = true;
     m_selectionToRestore.reset();
+    m_keptScroll = -1;
     m_characters = std::make_unique<PLPageCharacters>();
     QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
     loaded->setParent(this);
@@ -174,9 +175,21 @@ void PLPageTextView::paintEvent(QPaintEvent *event)
     QTextEdit::paintEvent(event);
 }
 
+/// Lines that break elsewhere do not take away what the writer looks at: the caret, else the first line.
 void PLPageTextView::resizeEvent(QResizeEvent *event)
 {
+    const bool isCaretInSight = QRect(QPoint(), event->oldSize()).intersects(cursorRect());
+    if (isCaretInSight)
+        m_keptInSight = textCursor();
+    else if (verticalScrollBar()->value() != m_keptScroll) // else it has stood there since the last resize
+        m_keptInSight = cursorForPosition(QPoint());
+    const int top = cursorRect(m_keptInSight).top();
     QTextEdit::resizeEvent(event);
+    if (event->oldSize().isValid() && event->oldSize().width() != event->size().width())
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect(m_keptInSight).top() - top);
+    if (isCaretInSight)
+        ensureCursorVisible();
+    m_keptScroll = verticalScrollBar()->value();
     m_layoutTimer.start();
 }
 
@@ -226,7 +239,10 @@ void PLPageTextView::layOutMore()
 {
     const int scrollPosition = verticalScrollBar()->value();
     const auto [hasMore, shift] = pageLayout()->layOutMore(layoutSlice, scrollPosition);
+    const bool isKept = scrollPosition == m_keptScroll;
     verticalScrollBar()->setValue(scrollPosition + qRound(shift));
+    if (isKept)
+        m_keptScroll = verticalScrollBar()->value();
     if (!hasMore)
         m_layoutTimer.stop();
 }

@@ -62,6 +62,8 @@ private Q_SLOTS:
     void aPageThatCannotBeEditedTakesNoKey();
     void returnInAnEmptyParagraphMakesAnother();
     void whatIsInSightStaysWhileThePageIsLaidOut();
+    void whatIsInSightStaysWhenThePageIsMadeNarrow_data();
+    void whatIsInSightStaysWhenThePageIsMadeNarrow();
     void aPasteKeepsItsSpacesAndIsOneUndoStep();
     void aClipboardOfNothingButHTMLGivesItsText_data();
     void aClipboardOfNothingButHTMLGivesItsText();
@@ -262,6 +264,38 @@ void PLPageTextViewTest::whatIsInSightStaysWhileThePageIsLaidOut()
 
     QVERIFY(view.verticalScrollBar()->maximum() != heightBefore);
     QVERIFY(qAbs(view.cursorRect().top() - before) <= 2);
+}
+
+void PLPageTextViewTest::whatIsInSightStaysWhenThePageIsMadeNarrow_data()
+{
+    QTest::addColumn<bool>("isCaretInSight");
+    QTest::newRow("the caret's line") << true;
+    QTest::newRow("the first line, if the caret is elsewhere") << false;
+}
+
+void PLPageTextViewTest::whatIsInSightStaysWhenThePageIsMadeNarrow()
+{
+    QFETCH(bool, isCaretInSight);
+    PLPageTextView view;
+    view.resize(900, 500);
+    view.show();
+    view.setPageText((u"Une phrase assez longue pour la ligne. "_s.repeated(9) + u"\n\n"_s).repeated(50));
+    const auto *timer = view.findChild<QTimer *>(u"layout"_s);
+    QTRY_VERIFY(!timer->isActive());
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum() / 2);
+    const QPoint place(200, isCaretInSight ? 250 : 0);
+    const QTextCursor seen = view.cursorForPosition(place);
+    if (isCaretInSight)
+        view.setTextCursor(seen);
+    const int top = view.cursorRect(seen).top();
+
+    for (const int width : {800, 420, 1300, 500, 900}) {
+        view.resize(width, 500);
+        QTRY_VERIFY(!timer->isActive());
+        QVERIFY2(qAbs(view.cursorRect(seen).top() - top) <= 40, qPrintable(QString::number(width)));
+    }
+    view.resize(900, 120); // too low for where it was
+    QVERIFY(!isCaretInSight || view.viewport()->rect().contains(view.cursorRect(seen)));
 }
 
 void PLPageTextViewTest::aPasteKeepsItsSpacesAndIsOneUndoStep()

@@ -15,6 +15,7 @@
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
 #include "markdown/PLMarkdown.h"
+#include "theme/PLTheme.h"
 
 #include <QLocale>
 #include <QMenu>
@@ -133,8 +134,19 @@ QWidget *PLEditorView::buildPanes()
     m_splitView->setChildrenCollapsible(false);
     m_splitView->addWidget(m_textView);
     m_splitView->addWidget(m_livePreview);
+    showDivider();
     connect(m_splitView, &QSplitter::splitterMoved, this, &PLEditorView::constrainDivider);
     return m_splitView;
+}
+
+/// A line between two panes of the same paper; many desktops draw none.
+void PLEditorView::showDivider()
+{
+    QWidget *divider = m_splitView->handle(1);
+    QPalette colors = divider->palette();
+    colors.setColor(QPalette::Window, PLTheme::shadowed(PLTheme::coverColor(), 0.1));
+    divider->setPalette(colors);
+    divider->setAutoFillBackground(true);
 }
 
 void PLEditorView::connectParts()

@@ -10,6 +10,7 @@
 #include "editor/PLTagField.h"
 #include "foundation/PLPreferences.h"
 #include "support/PLTestEnvironment.h"
+#include "theme/PLTheme.h"
 
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void buttonsDoWhatTheyAreFor();
     void thePanesAreDividedInHalfWhenThePreviewIsShown();
     void theDividerStopsAtTheLimits();
+    void theDividerIsSeenBetweenThePanes();
 
 private:
     PLTestEnvironment m_environment;
@@ -201,6 +203,21 @@ void PLEditorViewTest::thePanesAreDividedInHalfWhenThePreviewIsShown()
     QCOMPARE(editor.textView()->width(), 1001);
     editor.setPreviewVisible(true);
     QCOMPARE(editor.textView()->width(), 500);
+}
+
+/// Both panes are of the same paper.
+void PLEditorViewTest::theDividerIsSeenBetweenThePanes()
+{
+    PLEditorView editor;
+    editor.resize(1000, 500);
+    editor.setPreviewVisible(true);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+
+    const QImage image = editor.splitView()->grab().toImage();
+
+    for (const int y : {0, image.height() / 2, image.height() - 1})
+        QCOMPARE(image.pixelColor(500, y).name(), PLTheme::shadowed(PLTheme::coverColor(), 0.1).name());
 }
 
 /// The divider is drawn along by the mouse, as far as it goes.

@@ -213,10 +213,10 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 
-/// The colours of paper and ink hold whatever the desktop's theme is.
+/// The colours of paper and ink hold whatever the desktop's theme is, those of the scroll bar too.
 void PLPageTextView::applyColors()
 {
-    QPalette colors = palette();
+    QPalette colors(PLTheme::coverColor(), PLTheme::paperColor());
     colors.setColor(QPalette::Base, PLTheme::paperColor());
     colors.setColor(QPalette::Window, PLTheme::paperColor());
     colors.setColor(QPalette::Text, PLTheme::inkColor());

@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -68,6 +70,8 @@ private Q_SLOTS:
     void aClipboardOfNothingButHTMLGivesItsText_data();
     void aClipboardOfNothingButHTMLGivesItsText();
     void whatIsCopiedIsTheTextItself();
+    void theScrollBarIsLightOnADarkDesktop();
+    void whatIsBeingComposedDoesNotReachTheNextPage();
     void aNarrowMarginHasNoRule();
     void aClickInTheMarginMovesTheCaret();
 };
@@ -355,6 +359,37 @@ void PLPageTextViewTest::whatIsCopiedIsTheTextItself()
 
     QCOMPARE(QGuiApplication::clipboard()->text(), text);
     QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasHtml());
+}
+
+void PLPageTextViewTest::theScrollBarIsLightOnADarkDesktop()
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::black, Qt::black));
+    PLPageTextView view;
+    view.setPageText(u"\n"_s.repeated(100));
+    view.resize(600, 300);
+    view.show();
+
+    const QImage image = view.verticalScrollBar()->grab().toImage();
+    QApplication::setPalette(before);
+
+    QVERIFY(qGray(image.pixel(image.rect().center())) > 150);
+}
+
+void PLPageTextViewTest::whatIsBeingComposedDoesNotReachTheNextPage()
+{
+    PLPageTextView view;
+    view.setPageText(u"un"_s);
+    QInputMethodEvent composing(u"´"_s, {});
+    QApplication::sendEvent(&view, &composing);
+    QCOMPARE(view.textCursor().block().layout()->preeditAreaText(), u"´"_s);
+    QCOMPARE(view.pageText(), u"un"_s);
+
+    view.setPageText(u"deux"_s);
+    QTest::keyClicks(&view, u"e"_s);
+
+    QCOMPARE(view.pageText(), u"edeux"_s);
+    QVERIFY(view.textCursor().block().layout()->preeditAreaText().isEmpty());
 }
 
 void PLPageTextViewTest::aNarrowMarginHasNoRule()

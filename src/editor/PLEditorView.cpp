@@ -13,6 +13,7 @@
 #include "editor/PLTagField.h"
 #include "foundation/PLPreferences.h"
 #include "foundation/PLText.h"
+#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "markdown/PLMarkdown.h"
 #include "theme/PLTheme.h"
@@ -132,6 +133,8 @@ QWidget *PLEditorView::buildPanes()
 {
     m_splitView->setHandleWidth(1);
     m_splitView->setChildrenCollapsible(false);
+    m_textView->setAccessibleName(PLDesktopString(u"Texte de la page"_s));
+    m_livePreview->setAccessibleName(PLLocalizedString(u"Aperçu"_s));
     m_splitView->addWidget(m_textView);
     m_splitView->addWidget(m_livePreview);
     showDivider();

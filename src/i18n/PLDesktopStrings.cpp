@@ -43,6 +43,8 @@ constexpr PLStringPair pairs[] = {
     // Panels
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
+    // The page, for a screen reader
+    {u"Texte de la page", u"Page Text"},
     // The format bar
     {u"Autres commandes", u"More Commands"},
     // Tag field, for a screen reader

@@ -13,8 +13,10 @@
 #include "editor/PLTagField.h"
 #include "foundation/PLPreferences.h"
 #include "foundation/PLText.h"
+#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "markdown/PLMarkdown.h"
+#include "theme/PLTheme.h"
 
 #include <QLocale>
 #include <QMenu>
@@ -131,10 +133,23 @@ QWidget *PLEditorView::buildPanes()
 {
     m_splitView->setHandleWidth(1);
     m_splitView->setChildrenCollapsible(false);
+    m_textView->setAccessibleName(PLDesktopString(u"Texte de la page"_s));
+    m_livePreview->setAccessibleName(PLLocalizedString(u"Aperçu"_s));
     m_splitView->addWidget(m_textView);
     m_splitView->addWidget(m_livePreview);
+    showDivider();
     connect(m_splitView, &QSplitter::splitterMoved, this, &PLEditorView::constrainDivider);
     return m_splitView;
+}
+
+/// A line between two panes of the same paper; many desktops draw none.
+void PLEditorView::showDivider()
+{
+    QWidget *divider = m_splitView->handle(1);
+    QPalette colors = divider->palette();
+    colors.setColor(QPalette::Window, PLTheme::shadowed(PLTheme::coverColor(), 0.1));
+    divider->setPalette(colors);
+    divider->setAutoFillBackground(true);
 }
 
 void PLEditorView::connectParts()

@@ -54,6 +54,7 @@ public:
 
 private:
     QWidget *buildPanes();
+    void showDivider();
     void connectParts();
     /// Who carries out the finding and spelling commands; null for other commands.
     PLCommandHandler *handlerOf(PLCommand command, int tag) const;

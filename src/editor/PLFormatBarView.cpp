@@ -5,6 +5,7 @@
 
 #include "editor/PLBarButton.h"
 #include "foundation/PLText.h"
+#include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
 #include "platform/PLKeyGlyphs.h"
 #include "theme/PLTheme.h"
@@ -12,6 +13,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLinearGradient>
+#include <QMenu>
 #include <QPainter>
 #include <QStyle>
 
@@ -24,6 +26,7 @@ namespace {
 constexpr int margin = 8;
 constexpr int gap = 2;
 constexpr int groupGap = 10;
+constexpr int moreWidth = 30;
 
 enum class Look { Plain, Bold, Serif, System };
 
@@ -84,6 +87,7 @@ PLFormatBarView::PLFormatBarView(QWidget *parent) : QWidget(parent), m_wordCount
     colors.setColor(QPalette::WindowText, wordCountColor());
     m_wordCountLabel->setPalette(colors);
     addButtons();
+    addMoreButton();
     arrange();
 }
 
@@ -160,30 +164,69 @@ void PLFormatBarView::addButtons()
     }
 }
 
+void PLFormatBarView::addMoreButton()
+{
+    m_moreButton = barButtonWithTitle(u"»"_s, PLDesktopString(u"Autres commandes"_s), moreWidth);
+    m_moreButton->setFont(fontForLook(Look::System));
+    auto *menu = new QMenu(m_moreButton);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillMenu(menu); });
+    m_moreButton->setMenu(menu);
+    QWidget *preview = m_items.back().button;
+    setTabOrder(m_items[m_items.size() - 2].button, m_moreButton);
+    setTabOrder(m_moreButton, preview);
+}
+
+void PLFormatBarView::fillMenu(QMenu *menu)
+{
+    menu->clear();
+    for (const Item &item : m_items) {
+        if (!item.button->isHidden())
+            continue;
+        menu->addAction(item.button->accessibleName(), this,
+                        [this, item] { Q_EMIT commandTriggered(item.command, item.tag); });
+    }
+}
+
+void PLFormatBarView::place(QWidget *widget, int x, bool isShown)
+{
+    const QRect frame(x, (barHeight - 1 - PLBarButton::buttonHeight) / 2, widget->width(),
+                      PLBarButton::buttonHeight);
+    widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), frame));
+    widget->setVisible(isShown);
+}
+
 /// The commands from the left, the preview's button at the right with the words beside it. In a bar that is
-/// too narrow the words go first, then the last commands, which are in the menu too.
+/// too narrow the words go first; then the last commands go into a menu.
 void PLFormatBarView::arrange()
 {
-    const auto place = [this](QWidget *widget, int x, int width, bool isShown) {
-        const QRect frame(x, (barHeight - 1 - PLBarButton::buttonHeight) / 2, width,
-                          PLBarButton::buttonHeight);
-        widget->setGeometry(QStyle::visualRect(layoutDirection(), rect(), frame));
-        widget->setVisible(isShown);
-    };
-    PLBarButton *preview = m_items.back().button;
+    const PLBarButton *preview = m_items.back().button;
     const int end = width() - margin - preview->width();
-    place(preview, end, preview->width(), true);
+    place(m_items.back().button, end, true);
+    const int start = arrangeCommands(end);
+    m_wordCountLabel->resize(m_wordCountLabel->sizeHint().width(), PLBarButton::buttonHeight);
+    const int wordsStart = end - groupGap - m_wordCountLabel->width();
+    const bool hasWords = !m_wordCountLabel->text().isEmpty();
+    place(m_wordCountLabel, wordsStart, hasWords && wordsStart >= start + groupGap);
+}
+
+/// The answer is where they all would end.
+int PLFormatBarView::arrangeCommands(int end)
+{
+    std::vector<int> places;
     int x = margin;
-    for (const Item &item : m_items) {
-        if (item.button == preview)
-            break;
-        x += item.startsGroup ? groupGap : 0;
-        place(item.button, x, item.button->width(), x + item.button->width() + gap <= end);
-        x += item.button->width() + gap;
+    for (auto item = m_items.begin(); item != m_items.end() - 1; ++item) {
+        x += item->startsGroup ? groupGap : 0;
+        places.push_back(x);
+        x += item->button->width() + gap;
     }
-    const int words = m_wordCountLabel->sizeHint().width();
-    const int wordsStart = end - groupGap - words;
-    place(m_wordCountLabel, wordsStart, words, wordsStart >= x + groupGap && words > 0);
+    const bool allFit = x <= end;
+    const int last = allFit ? end : end - moreWidth - gap;
+    for (size_t index = 0; index < places.size(); ++index) {
+        PLBarButton *button = m_items[index].button;
+        place(button, places[index], places[index] + button->width() + gap <= last);
+    }
+    place(m_moreButton, last, !allFit);
+    return x;
 }
 
 void PLFormatBarView::drawRect(QPainter &painter)

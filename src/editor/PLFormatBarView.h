@@ -11,6 +11,7 @@
 
 class PLBarButton;
 class QLabel;
+class QMenu;
 
 /// The bar above the page: the buttons of the Markdown commands and of the preview, and the number of words.
 class PLFormatBarView final : public QWidget
@@ -29,6 +30,8 @@ public:
     /// The button of a command, null if there is none.
     PLBarButton *button(PLCommand command, int tag = 0);
     const PLBarButton *button(PLCommand command, int tag = 0) const;
+    /// In a bar that is too narrow: opens a menu of the commands that have no place in it.
+    PLBarButton *moreButton() { return m_moreButton; }
 
     QSize sizeHint() const override { return {640, barHeight}; }
     QSize minimumSizeHint() const override { return {0, barHeight}; }
@@ -52,9 +55,14 @@ private:
 
     PLBarButton *barButtonWithTitle(const QString &title, const QString &toolTip, int width);
     void addButtons();
+    void addMoreButton();
+    void fillMenu(QMenu *menu);
+    void place(QWidget *widget, int x, bool isShown);
     void arrange();
+    int arrangeCommands(int end);
     void drawRect(QPainter &painter);
 
     std::vector<Item> m_items;
+    PLBarButton *m_moreButton = nullptr;
     QLabel *m_wordCountLabel;
 };

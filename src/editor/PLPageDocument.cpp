@@ -6,8 +6,15 @@
 #include "editor/PLPageLayout.h"
 #include "theme/PLTheme.h"
 
+#include <QRegularExpression>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
 
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText)
 {
@@ -26,4 +33,24 @@ QString PLTextOfDocument(const QTextDocument &document)
     QString text = document.toRawText();
     text.replace(QChar::ParagraphSeparator, u'\n');
     return text;
+}
+
+/// Qt makes a plain space of U+202F, which French has before "!" and "?" (6.4): it goes through as another
+/// one.
+QString PLTextOfHTML(const QString &html)
+{
+    static const QRegularExpression narrowSpace(u"\u202f|&#(8239|[xX]202[fF]);"_s);
+    constexpr QChar standIn = u'\ufdd2';
+    QTextDocument document;
+    QTextCursor(&document).insertFragment(
+        QTextDocumentFragment::fromHtml(QString(html).replace(narrowSpace, standIn)));
+    QString text = PLTextOfDocument(document);
+    text.replace(standIn, u'\u202f');
+    text.remove(QChar::ObjectReplacementCharacter);                    // pictures
+    for (const char16_t separator : {u'\u2028', u'\ufdd0', u'\ufdd1'}) // lines, and the cells of tables
+        text.replace(QChar(separator), u'\n');
+    const auto isLineFeed = [](QChar character) { return character == u'\n'; };
+    const auto start = std::find_if_not(text.cbegin(), text.cend(), isLineFeed);
+    const auto end = std::find_if_not(text.crbegin(), std::make_reverse_iterator(start), isLineFeed).base();
+    return QStringView(start, end).toString();
 }

@@ -16,3 +16,7 @@ std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText);
 /// The document's text with "\n" between its paragraphs and every other character as it stands: unlike
 /// toPlainText, which makes no-break spaces plain ones.
 QString PLTextOfDocument(const QTextDocument &document);
+
+/// The text of an HTML fragment, with "\n" between its paragraphs and lines and its spaces as they stand.
+/// Nothing that it refers to is opened.
+QString PLTextOfHTML(const QString &html);

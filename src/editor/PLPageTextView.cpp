@@ -5,7 +5,7 @@
 
 #include "editor/PLPageDocument.h"
 #include "editor/PLPageLayout.h"
-#include "i18n/PLDesktopStrings.h"
+#include "editor/PLTyping.h"
 #include "i18n/PLLocalization.h"
 #include "theme/PLTheme.h"
 
@@ -15,7 +15,6 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
-#include <QTextDocumentFragment>
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +31,6 @@ PLPageTextView::PLPageTextView(QWidget *parent)
 {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
-    setAccessibleName(PLDesktopString(u"Texte de la page"_s));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     applyColors();
     m_layoutTimer.setObjectName(u"layout"_s);
@@ -50,6 +48,7 @@ void PLPageTextView::setPageText(const QString &text)
 {
     m_loading = true;
     m_selectionToRestore.reset();
+    m_keptScroll = -1;
     m_characters = std::make_unique<PLPageCharacters>();
     QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
     loaded->setParent(this);
@@ -111,19 +110,28 @@ void PLPageTextView::performCommand(PLCommand command, int)
 
 void PLPageTextView::keyPressEvent(QKeyEvent *event)
 {
-    if (event == QKeySequence::InsertParagraphSeparator || event == QKeySequence::InsertLineSeparator) {
-        insertPageText(u"\n"_s);
-        event->accept();
-        return;
-    }
-    if (!isReadOnly() && event == QKeySequence::Undo)
+    if (isReadOnly())
+        return QTextEdit::keyPressEvent(event);
+    if (event == QKeySequence::InsertParagraphSeparator || event == QKeySequence::InsertLineSeparator)
+        return insertPageText(u"\n"_s);
+    if (event == QKeySequence::Undo)
         return undo();
-    if (!isReadOnly() && event == QKeySequence::Redo)
+    if (event == QKeySequence::Redo)
         return redo();
+    if (PLIsTyping(*event))
+        return type(event);
+    const bool isMenuKey = event->modifiers() & (Qt::AltModifier | Qt::MetaModifier);
+    if (isMenuKey && !event->text().isEmpty() && event->text().front().isPrint())
+        return event->ignore(); // QTextEdit would type the letter
+    QTextEdit::keyPressEvent(event);
+}
+
+void PLPageTextView::type(QKeyEvent *event)
+{
     const QString text = event->text();
-    if (!text.isEmpty() && text.front().isPrint() && m_typingSteps.beginsWith(text.front()))
+    if (m_typingSteps.beginsWith(text.front()))
         beginUndoStep();
-    if (!isReadOnly() && m_characters->encoded(text) != text)
+    if (m_characters->encoded(text) != text)
         return insertPageText(text);
     QTextEdit::keyPressEvent(event);
 }
@@ -167,9 +175,21 @@ void PLPageTextView::paintEvent(QPaintEvent *event)
     QTextEdit::paintEvent(event);
 }
 
+/// Lines that break elsewhere do not take away what the writer looks at: the caret, else the first line.
 void PLPageTextView::resizeEvent(QResizeEvent *event)
 {
+    const bool isCaretInSight = QRect(QPoint(), event->oldSize()).intersects(cursorRect());
+    if (isCaretInSight)
+        m_keptInSight = textCursor();
+    else if (verticalScrollBar()->value() != m_keptScroll) // else it has stood there since the last resize
+        m_keptInSight = cursorForPosition(QPoint());
+    const int top = cursorRect(m_keptInSight).top();
     QTextEdit::resizeEvent(event);
+    if (event->oldSize().isValid() && event->oldSize().width() != event->size().width())
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect(m_keptInSight).top() - top);
+    if (isCaretInSight)
+        ensureCursorVisible();
+    m_keptScroll = verticalScrollBar()->value();
     m_layoutTimer.start();
 }
 
@@ -189,15 +209,14 @@ void PLPageTextView::insertFromMimeData(const QMimeData *source)
 {
     // A clipboard that holds nothing but HTML still has a text for the writer.
     const bool isHtmlOnly = source->hasHtml() && !source->hasFormat(u"text/plain"_s);
-    QString text =
-        isHtmlOnly ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text();
+    QString text = isHtmlOnly ? PLTextOfHTML(source->html()) : source->text();
     insertPageText(text.replace(u"\r\n"_s, u"\n"_s));
 }
 
-/// The colours of paper and ink hold whatever the desktop's theme is.
+/// The colours of paper and ink hold whatever the desktop's theme is, those of the scroll bar too.
 void PLPageTextView::applyColors()
 {
-    QPalette colors = palette();
+    QPalette colors(PLTheme::coverColor(), PLTheme::paperColor());
     colors.setColor(QPalette::Base, PLTheme::paperColor());
     colors.setColor(QPalette::Window, PLTheme::paperColor());
     colors.setColor(QPalette::Text, PLTheme::inkColor());
@@ -220,7 +239,10 @@ void PLPageTextView::layOutMore()
 {
     const int scrollPosition = verticalScrollBar()->value();
     const auto [hasMore, shift] = pageLayout()->layOutMore(layoutSlice, scrollPosition);
+    const bool isKept = scrollPosition == m_keptScroll;
     verticalScrollBar()->setValue(scrollPosition + qRound(shift));
+    if (isKept)
+        m_keptScroll = verticalScrollBar()->value();
     if (!hasMore)
         m_layoutTimer.stop();
 }

@@ -81,6 +81,7 @@ private:
     void drawBackgroundInRect(const QRect &rect);
     void layOutMore();
     PLPageLayout *pageLayout() const;
+    void type(QKeyEvent *event);
     void insertPageText(const QString &text);
     void replaceSelection(QTextCursor &cursor, const QString &text);
     QString pageTextOf(const QTextCursor &selection) const;
@@ -94,6 +95,8 @@ private:
     QTimer m_layoutTimer; ///< runs while paragraphs are still to be laid out
     std::optional<PLSelectionEnds> m_selectionToRestore;
     PLTypingSteps m_typingSteps;
+    QTextCursor m_keptInSight; ///< by resizing, as long as the page is scrolled to m_keptScroll
+    int m_keptScroll = -1;
     bool m_passedStepMark = false; ///< undo or redo has met nothing but the mark between two steps
     bool m_loading = false;
 };

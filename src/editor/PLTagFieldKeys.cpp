@@ -3,6 +3,7 @@
 
 #include "editor/PLTagField.h"
 #include "editor/PLTagFieldCompletion.h"
+#include "editor/PLTyping.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -50,27 +51,6 @@ PLCommand commandOfKey(const QKeyEvent &event)
     return PLCommand::None;
 }
 
-#ifdef Q_OS_MACOS
-constexpr bool isAltForTyping = true;
-#else
-constexpr bool isAltForTyping = false; // it opens the menus
-#endif
-
-/// True for a key that types a character; Ctrl with Alt is the AltGr of some keyboards.
-bool isTyping(const QKeyEvent &event)
-{
-    const QString text = event.text();
-    if (text.isEmpty())
-        return false;
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    const bool isMenuKey = modifiers == Qt::AltModifier && !isAltForTyping;
-    if (modifiers == Qt::ControlModifier || modifiers & Qt::MetaModifier || isMenuKey)
-        return false;
-    const QChar first = text.front();
-    return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format ||
-           first.category() == QChar::Other_PrivateUse;
-}
-
 /// The standard key of this name is empty on all desktops but one.
 bool isBackspaceKey(const QKeyEvent &event)
 {
@@ -93,7 +73,7 @@ Deletion deletionOfKey(const QKeyEvent &event)
 /// The keys a field takes before the shortcuts of the menus.
 bool isEditingKey(const QKeyEvent &event)
 {
-    if (isTyping(event) || deletionOfKey(event) || commandOfKey(event) != PLCommand::None)
+    if (PLIsTyping(event) || deletionOfKey(event) || commandOfKey(event) != PLCommand::None)
         return true;
     for (const auto key : {QKeySequence::MoveToNextWord, QKeySequence::MoveToPreviousWord,
                            QKeySequence::SelectNextWord, QKeySequence::SelectPreviousWord}) {
@@ -252,7 +232,7 @@ bool PLTagField::performKey(const QKeyEvent &event)
     default:
         break;
     }
-    if (!isTyping(event))
+    if (!PLIsTyping(event))
         return false;
     apply([&] { m_model.insertText(event.text()); });
     return true;

@@ -47,8 +47,10 @@ constexpr PLStringPair pairs[] = {
     {u"Choisir le dossier…", u"Choose Folder…"},
     {u"Dans le dossier :", u"In the folder:"},
     // Names of parts of the window, for a screen reader
-    {u"Texte de la page", u"Text of the page"},
-    {u"Pages du carnet", u"Pages of the notebook"},
+    {u"Texte de la page", u"Page Text"},
+    {u"Pages du carnet", u"Notebook Pages"},
+    // The format bar
+    {u"Autres commandes", u"More Commands"},
     // Tag field, for a screen reader
     {u"Tags proposés", u"Suggested tags"},
     {u"Supprimer le tag", u"Delete Tag"},

@@ -68,6 +68,15 @@ bool isAcceptable(QStringView text, const PLTextRange &match, const PLFindOption
     return !options.wholeWords || (isBetweenWords(text, match.position) && isBetweenWords(text, match.end()));
 }
 
+/// The text as it is compared: no writer types the curved apostrophe that a page may be full of.
+QString folded(const QString &text, const QString &needle)
+{
+    QString result = foldedCase(text);
+    if (needle.contains(u'\'') && !needle.contains(u'’'))
+        result.replace(u'’', u'\'');
+    return result;
+}
+
 } // namespace
 
 QList<PLTextRange> PLFindMatches(const QString &text, const QString &needle, const PLFindOptions &options)
@@ -75,7 +84,7 @@ QList<PLTextRange> PLFindMatches(const QString &text, const QString &needle, con
     QList<PLTextRange> matches;
     if (needle.isEmpty())
         return matches;
-    const QString haystack = options.ignoresCase ? foldedCase(text) : text;
+    const QString haystack = options.ignoresCase ? folded(text, needle) : text;
     const QStringMatcher matcher(options.ignoresCase ? foldedCase(needle) : needle);
     const int length = int(needle.size());
     for (qsizetype at = matcher.indexIn(haystack); at >= 0;) {

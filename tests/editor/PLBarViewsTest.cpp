@@ -13,9 +13,11 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -63,6 +65,9 @@ private Q_SLOTS:
     void theToggleShowsWhatItIsTold();
     void theWordsStandBesideThePreviewButton();
     void aNarrowBarKeepsThePreviewButton();
+    void whatHasNoPlaceIsInAMenu_data();
+    void whatHasNoPlaceIsInAMenu();
+    void theMenuIsReachedByKey();
     void aRightToLeftBarIsMirrored();
     void fontsAreThoseOfTheLook();
     void theTagBarHoldsItsFieldAndTexts_data();
@@ -282,6 +287,73 @@ void PLBarViewsTest::aNarrowBarKeepsThePreviewButton()
     }
     QVERIFY(!bar.button(PLCommand::FormatLink)->isVisible());
     QVERIFY(bar.button(PLCommand::FormatBold)->isVisible());
+}
+
+void PLBarViewsTest::whatHasNoPlaceIsInAMenu_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("last");
+    QTest::newRow("French") << u"fr"_s << u"Autres commandes"_s << u"Lien"_s;
+    QTest::newRow("English") << u"en"_s << u"More Commands"_s << u"Link"_s;
+}
+
+void PLBarViewsTest::whatHasNoPlaceIsInAMenu()
+{
+    QFETCH(QString, language);
+    m_environment.setLanguage(language);
+    PLFormatBarView bar;
+    bar.setWordCountText(u"1234 mots"_s);
+    bar.show();
+    m_environment.setLanguage(u"fr"_s);
+    PLBarButton *more = bar.moreButton();
+    QTEST(more->accessibleName(), "name");
+    QTEST(more->toolTip(), "name");
+    for (int width = 900; width >= 200; width -= 7) {
+        bar.resize(width, PLFormatBarView::barHeight);
+        Q_EMIT more->menu()->aboutToShow();
+        const QList<QAction *> actions = more->menu()->actions();
+        const auto buttons = bar.findChildren<PLBarButton *>();
+        const auto shown = std::count_if(buttons.begin(), buttons.end(),
+                                         [&](auto *button) { return button != more && button->isVisible(); });
+        QCOMPARE(shown + actions.size(), 12);
+        QCOMPARE(more->isVisible(), !actions.isEmpty());
+        if (actions.isEmpty())
+            continue;
+        QTEST(actions.constLast()->text(), "last");
+        QVERIFY(more->geometry().right() < bar.button(PLCommand::TogglePreview)->geometry().left());
+        for (const PLBarButton *button : buttons)
+            QVERIFY(button == more || !button->isVisible() ||
+                    !button->geometry().intersects(more->geometry()));
+    }
+    QSignalSpy told(&bar, &PLFormatBarView::commandTriggered);
+    more->menu()->actions().constLast()->trigger();
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told[0][0].value<PLCommand>(), PLCommand::FormatLink);
+}
+
+void PLBarViewsTest::theMenuIsReachedByKey()
+{
+    PLFormatBarView bar;
+    bar.resize(400, PLFormatBarView::barHeight);
+    bar.show();
+    bar.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&bar));
+    bar.button(PLCommand::FormatHeading, 1)->setFocus();
+    for (int presses = 0; presses < 12 && !bar.moreButton()->hasFocus(); ++presses)
+        QTest::keyClick(bar.focusWidget(), Qt::Key_Tab);
+    QVERIFY(bar.moreButton()->hasFocus());
+    QSignalSpy told(&bar, &PLFormatBarView::commandTriggered);
+    QTimer::singleShot(0, this, [&bar] {
+        QVERIFY(bar.moreButton()->menu()->isVisible());
+        QTest::keyClick(bar.moreButton()->menu(), Qt::Key_Up);
+        QTest::keyClick(bar.moreButton()->menu(), Qt::Key_Return);
+    });
+    QTest::keyClick(bar.moreButton(), Qt::Key_Space);
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told[0][0].value<PLCommand>(), PLCommand::FormatLink);
+    QTest::keyClick(bar.moreButton(), Qt::Key_Tab);
+    QCOMPARE(bar.focusWidget(), bar.button(PLCommand::TogglePreview));
 }
 
 void PLBarViewsTest::aRightToLeftBarIsMirrored()

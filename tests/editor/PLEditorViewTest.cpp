@@ -10,7 +10,9 @@
 #include "editor/PLTagField.h"
 #include "foundation/PLPreferences.h"
 #include "support/PLTestEnvironment.h"
+#include "theme/PLTheme.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSplitter>
@@ -43,6 +45,9 @@ private Q_SLOTS:
     void buttonsDoWhatTheyAreFor();
     void thePanesAreDividedInHalfWhenThePreviewIsShown();
     void theDividerStopsAtTheLimits();
+    void theDividerIsSeenBetweenThePanes();
+    void thePanesHaveNamesForScreenReaders_data();
+    void thePanesHaveNamesForScreenReaders();
 
 private:
     PLTestEnvironment m_environment;
@@ -201,6 +206,44 @@ void PLEditorViewTest::thePanesAreDividedInHalfWhenThePreviewIsShown()
     QCOMPARE(editor.textView()->width(), 1001);
     editor.setPreviewVisible(true);
     QCOMPARE(editor.textView()->width(), 500);
+}
+
+/// Both panes are of the same paper.
+void PLEditorViewTest::theDividerIsSeenBetweenThePanes()
+{
+    PLEditorView editor;
+    editor.resize(1000, 500);
+    editor.setPreviewVisible(true);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&editor));
+
+    const QImage image = editor.splitView()->grab().toImage();
+
+    for (const int y : {0, image.height() / 2, image.height() - 1})
+        QCOMPARE(image.pixelColor(500, y).name(), PLTheme::shadowed(PLTheme::coverColor(), 0.1).name());
+}
+
+void PLEditorViewTest::thePanesHaveNamesForScreenReaders_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("preview");
+    QTest::newRow("French") << u"fr"_s << u"Texte de la page"_s << u"Aperçu"_s;
+    QTest::newRow("English") << u"en"_s << u"Page Text"_s << u"Preview"_s;
+}
+
+void PLEditorViewTest::thePanesHaveNamesForScreenReaders()
+{
+    QFETCH(QString, language);
+    m_environment.setLanguage(language);
+    const PLEditorView editor;
+    m_environment.setLanguage(u"fr"_s);
+    const auto name = [](QWidget *widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    };
+
+    QTEST(name(editor.textView()), "text");
+    QTEST(name(editor.livePreview()), "preview");
 }
 
 /// The divider is drawn along by the mouse, as far as it goes.

@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -56,11 +58,20 @@ private Q_SLOTS:
     void resizingIsNoChangeAndAddsNoUndoStep();
     void undoGoesByWords();
     void aNewWordForgetsWhatWasUndone();
+    void aKeyThatTypesNothingKeepsWhatWasUndone_data();
+    void aKeyThatTypesNothingKeepsWhatWasUndone();
+    void aPageThatCannotBeEditedTakesNoKey_data();
+    void aPageThatCannotBeEditedTakesNoKey();
     void returnInAnEmptyParagraphMakesAnother();
     void whatIsInSightStaysWhileThePageIsLaidOut();
+    void whatIsInSightStaysWhenThePageIsMadeNarrow_data();
+    void whatIsInSightStaysWhenThePageIsMadeNarrow();
     void aPasteKeepsItsSpacesAndIsOneUndoStep();
+    void aClipboardOfNothingButHTMLGivesItsText_data();
     void aClipboardOfNothingButHTMLGivesItsText();
     void whatIsCopiedIsTheTextItself();
+    void theScrollBarIsLightOnADarkDesktop();
+    void whatIsBeingComposedDoesNotReachTheNextPage();
     void aNarrowMarginHasNoRule();
     void aClickInTheMarginMovesTheCaret();
 };
@@ -172,6 +183,61 @@ void PLPageTextViewTest::aNewWordForgetsWhatWasUndone()
     QCOMPARE(view.pageText(), u"un "_s);
 }
 
+void PLPageTextViewTest::aKeyThatTypesNothingKeepsWhatWasUndone_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a menu's letter") << Qt::Key_X << Qt::KeyboardModifiers(Qt::AltModifier) << u"x"_s;
+    QTest::newRow("a digit with Ctrl") << Qt::Key_7 << Qt::KeyboardModifiers(Qt::ControlModifier) << u"7"_s;
+    QTest::newRow("an accent with Meta")
+        << Qt::Key_Eacute << Qt::KeyboardModifiers(Qt::MetaModifier) << u"é"_s;
+    QTest::newRow("Return with Ctrl")
+        << Qt::Key_Return << Qt::KeyboardModifiers(Qt::ControlModifier) << u"\r"_s;
+}
+
+void PLPageTextViewTest::aKeyThatTypesNothingKeepsWhatWasUndone()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QString, text);
+    PLPageTextView view;
+    QTest::keyClicks(&view, u"un deux "_s);
+    view.undo();
+
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(&view, &press);
+
+    QCOMPARE(view.pageText(), u"un "_s);
+    QVERIFY(view.document()->isRedoAvailable());
+    view.redo();
+    QCOMPARE(view.pageText(), u"un deux "_s);
+}
+
+void PLPageTextViewTest::aPageThatCannotBeEditedTakesNoKey_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("letter") << Qt::Key_A << u"a"_s;
+    QTest::newRow("return") << Qt::Key_Return << u"\r"_s;
+    QTest::newRow("what documents keep for themselves") << Qt::Key_unknown << u"\ufdd0"_s;
+}
+
+void PLPageTextViewTest::aPageThatCannotBeEditedTakesNoKey()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(QString, text);
+    PLPageTextView view;
+    view.setPageText(u"Une page."_s);
+    view.setReadOnly(true);
+
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&view, &press);
+
+    QCOMPARE(view.pageText(), u"Une page."_s);
+    QVERIFY(!view.document()->isUndoAvailable());
+}
+
 void PLPageTextViewTest::returnInAnEmptyParagraphMakesAnother()
 {
     PLPageTextView view;
@@ -204,6 +270,38 @@ void PLPageTextViewTest::whatIsInSightStaysWhileThePageIsLaidOut()
     QVERIFY(qAbs(view.cursorRect().top() - before) <= 2);
 }
 
+void PLPageTextViewTest::whatIsInSightStaysWhenThePageIsMadeNarrow_data()
+{
+    QTest::addColumn<bool>("isCaretInSight");
+    QTest::newRow("the caret's line") << true;
+    QTest::newRow("the first line, if the caret is elsewhere") << false;
+}
+
+void PLPageTextViewTest::whatIsInSightStaysWhenThePageIsMadeNarrow()
+{
+    QFETCH(bool, isCaretInSight);
+    PLPageTextView view;
+    view.resize(900, 500);
+    view.show();
+    view.setPageText((u"Une phrase assez longue pour la ligne. "_s.repeated(9) + u"\n\n"_s).repeated(50));
+    const auto *timer = view.findChild<QTimer *>(u"layout"_s);
+    QTRY_VERIFY(!timer->isActive());
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum() / 2);
+    const QPoint place(200, isCaretInSight ? 250 : 0);
+    const QTextCursor seen = view.cursorForPosition(place);
+    if (isCaretInSight)
+        view.setTextCursor(seen);
+    const int top = view.cursorRect(seen).top();
+
+    for (const int width : {800, 420, 1300, 500, 900}) {
+        view.resize(width, 500);
+        QTRY_VERIFY(!timer->isActive());
+        QVERIFY2(qAbs(view.cursorRect(seen).top() - top) <= 40, qPrintable(QString::number(width)));
+    }
+    view.resize(900, 120); // too low for where it was
+    QVERIFY(!isCaretInSight || view.viewport()->rect().contains(view.cursorRect(seen)));
+}
+
 void PLPageTextViewTest::aPasteKeepsItsSpacesAndIsOneUndoStep()
 {
     PLPageTextView view;
@@ -221,16 +319,32 @@ void PLPageTextViewTest::aPasteKeepsItsSpacesAndIsOneUndoStep()
     QCOMPARE(view.pageText(), u"avant\u00a0:\nligne\u202f\n après"_s);
 }
 
+void PLPageTextViewTest::aClipboardOfNothingButHTMLGivesItsText_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("bold") << u"<p>Un <b>mot</b></p>"_s << u"Un mot"_s;
+    QTest::newRow("paragraphs") << u"<h1>Un</h1><p>deux</p><p>trois</p>"_s << u"Un\ndeux\ntrois"_s;
+    QTest::newRow("a line break") << u"un<br>deux"_s << u"un\ndeux"_s;
+    QTest::newRow("French spaces") << u"<p>«&nbsp;Non&#8239;!&nbsp;»</p>"_s << u"«\u00a0Non\u202f!\u00a0»"_s;
+    QTest::newRow("French spaces in other words")
+        << u"<p>Non\u202f! Si&#x202F;! «\u00a0Ah\u00a0»</p>"_s << u"Non\u202f! Si\u202f! «\u00a0Ah\u00a0»"_s;
+    QTest::newRow("a table") << u"<table><tr><td>un</td><td>deux</td></tr></table>"_s << u"un\ndeux"_s;
+    QTest::newRow("a picture") << u"<p>un<img src='http://localhost/a.png'>deux</p>"_s << u"undeux"_s;
+    QTest::newRow("script and style") << u"<style>p{}</style><script>x()</script><p>un</p>"_s << u"un"_s;
+}
+
 void PLPageTextViewTest::aClipboardOfNothingButHTMLGivesItsText()
 {
+    QFETCH(QString, html);
     PLPageTextView view;
     auto *data = new QMimeData;
-    data->setHtml(u"<p>Un <b>mot</b></p>"_s);
+    data->setHtml(html);
     QGuiApplication::clipboard()->setMimeData(data);
 
     view.paste();
 
-    QCOMPARE(view.pageText(), u"Un mot"_s);
+    QTEST(view.pageText(), "text");
     QVERIFY(!view.textCursor().charFormat().font().bold());
 }
 
@@ -245,6 +359,37 @@ void PLPageTextViewTest::whatIsCopiedIsTheTextItself()
 
     QCOMPARE(QGuiApplication::clipboard()->text(), text);
     QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasHtml());
+}
+
+void PLPageTextViewTest::theScrollBarIsLightOnADarkDesktop()
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::black, Qt::black));
+    PLPageTextView view;
+    view.setPageText(u"\n"_s.repeated(100));
+    view.resize(600, 300);
+    view.show();
+
+    const QImage image = view.verticalScrollBar()->grab().toImage();
+    QApplication::setPalette(before);
+
+    QVERIFY(qGray(image.pixel(image.rect().center())) > 150);
+}
+
+void PLPageTextViewTest::whatIsBeingComposedDoesNotReachTheNextPage()
+{
+    PLPageTextView view;
+    view.setPageText(u"un"_s);
+    QInputMethodEvent composing(u"´"_s, {});
+    QApplication::sendEvent(&view, &composing);
+    QCOMPARE(view.textCursor().block().layout()->preeditAreaText(), u"´"_s);
+    QCOMPARE(view.pageText(), u"un"_s);
+
+    view.setPageText(u"deux"_s);
+    QTest::keyClicks(&view, u"e"_s);
+
+    QCOMPARE(view.pageText(), u"edeux"_s);
+    QVERIFY(view.textCursor().block().layout()->preeditAreaText().isEmpty());
 }
 
 void PLPageTextViewTest::aNarrowMarginHasNoRule()

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void learningAWordTakesItsMarksAway();
     void switchedOffNothingIsMarked();
     void nothingIsMarkedWhileAnInputMethodComposes();
+    void marksFollowUndoAndRedoOfAsManyLetters();
     void marksAreRightAfterAnyEditing();
 
 private:
@@ -373,6 +374,36 @@ void PLSpellingMarksTest::nothingIsMarkedWhileAnInputMethodComposes()
     committing.setCommitString(u"def "_s);
     QApplication::sendEvent(m_view.get(), &committing);
     QCOMPARE(marked(), (QStringList{u"abc"_s, u"def"_s, u"xyz"_s}));
+}
+
+/// Neither the length of the paragraph nor its number of words tells that it has changed.
+void PLSpellingMarksTest::marksFollowUndoAndRedoOfAsManyLetters()
+{
+    m_view->setPageText(u"deux abc xyz un"_s);
+    m_view->show();
+    QCOMPARE(marked(), (QStringList{u"abc"_s, u"xyz"_s}));
+    m_view->replaceRange({5, 7}, u"xyz abd"_s, {0, 0});
+    QCOMPARE(marked(), (QStringList{u"xyz"_s, u"abd"_s}));
+
+    for (int round = 0; round < 2; ++round) {
+        m_view->undo();
+        setCaret(0);
+        QCOMPARE(marked(), (QStringList{u"abc"_s, u"xyz"_s}));
+        m_view->redo();
+        setCaret(0);
+        QCOMPARE(marked(), (QStringList{u"xyz"_s, u"abd"_s}));
+    }
+    m_view->undo();
+    m_marks->setEnabled(false);
+    m_view->redo();
+    m_marks->setEnabled(true);
+    QCOMPARE(marked(), (QStringList{u"xyz"_s, u"abd"_s}));
+    m_view->replaceRange({5, 7}, u"deux un"_s, {0, 0});
+    QVERIFY(marked().isEmpty());
+    m_view->undo();
+    QCOMPARE(marked(), (QStringList{u"xyz"_s, u"abd"_s}));
+    m_view->redo();
+    QVERIFY(marked().isEmpty());
 }
 
 void PLSpellingMarksTest::marksAreRightAfterAnyEditing()

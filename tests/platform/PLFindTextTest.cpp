@@ -27,7 +27,10 @@ char32_t pointAt(const QString &text, qsizetype at)
 /// Code point by code point, from every place a character begins at.
 QList<PLTextRange> naiveMatches(const QString &text, const QString &needle, const PLFindOptions &options)
 {
+    const bool isPlainApostrophe = options.ignoresCase && needle.contains(u'\'') && !needle.contains(u'’');
     const auto folds = [&](char32_t point) {
+        if (isPlainApostrophe && point == U'’')
+            return U'\'';
         return options.ignoresCase ? QChar::toCaseFolded(point) : point;
     };
     const auto isWordPoint = [](char32_t point) {
@@ -64,9 +67,9 @@ QList<PLTextRange> naiveMatches(const QString &text, const QString &needle, cons
 QString randomText(QRandomGenerator &random, int longest)
 {
     static const QStringList pieces = {
-        u"a"_s, u"A"_s,      u"b"_s,          u"é"_s,          u"É"_s,     u"e\u0301"_s,
-        u" "_s, u"\u00a0"_s, u"\U0001f58b"_s, u"\U0001f58a"_s, u"\n"_s,    u"'"_s,
-        u"_"_s, u"ß"_s,      u"\U00010400"_s, u"\U00010428"_s, u"\u0130"_s};
+        u"a"_s, u"A"_s,      u"b"_s,          u"é"_s,          u"É"_s,          u"e\u0301"_s,
+        u" "_s, u"\u00a0"_s, u"\U0001f58b"_s, u"\U0001f58a"_s, u"\n"_s,         u"'"_s,
+        u"’"_s, u"_"_s,      u"ß"_s,          u"\U00010400"_s, u"\U00010428"_s, u"\u0130"_s};
     QString text;
     for (int count = random.bounded(longest); count >= 0; --count)
         text += pieces[random.bounded(pieces.size())];
@@ -105,6 +108,15 @@ void PLFindTextTest::everyMatchIsFoundInOrder_data()
     QTest::newRow("folding keeps lengths") << u"STRASSE straße"_s << u"straße"_s << true << false << u"8+6"_s;
     QTest::newRow("no-break space") << u"a b\u00a0c"_s << u"\u00a0"_s << true << false << u"3+1"_s;
     QTest::newRow("space") << u"a b\u00a0c\u202fd"_s << u" "_s << true << false << u"1+1"_s;
+    QTest::newRow("typed apostrophe") << u"L’été, l'hiver"_s << u"l'"_s << true << false << u"0+2 7+2"_s;
+    QTest::newRow("this apostrophe") << u"l’été, l'hiver"_s << u"l'"_s << false << false << u"7+2"_s;
+    QTest::newRow("curved apostrophe") << u"l’été, l'hiver"_s << u"l’"_s << true << false << u"0+2"_s;
+    QTest::newRow("both apostrophes") << u"l’'l''"_s << u"’'"_s << true << false << u"1+2"_s;
+    QTest::newRow("a pattern is a text")
+        << u"a.c abc (x|y)* \\1"_s << u"(x|y)* \\1"_s << true << false << u"8+9"_s;
+    QTest::newRow("any character") << u"abc a.c"_s << u"a.c"_s << true << false << u"4+3"_s;
+    QTest::newRow("paragraph separator") << u"a\nb\u2029c"_s << u"\u2029"_s << true << false << u"3+1"_s;
+    QTest::newRow("line feed") << u"a\nb\u2029c"_s << u"\n"_s << true << false << u"1+1"_s;
     QTest::newRow("across lines") << u"un\ndeux"_s << u"n\nd"_s << true << false << u"1+3"_s;
     QTest::newRow("half a pair") << u"\U0001f58b"_s << QString(u'\xdd8b') << true << false << u""_s;
     QTest::newRow("first half of a pair") << u"\U0001f58b"_s << QString(u'\xd83d') << true << false << u""_s;

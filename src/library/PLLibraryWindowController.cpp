@@ -3,21 +3,16 @@
 
 #include "library/PLLibraryWindowController.h"
 
+#include "foundation/PLPreferences.h"
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
+#include "platform/PLAlert.h"
+#include "platform/PLPanels.h"
 #include "platform/PLReveal.h"
-#include "storage/PLFiles.h"
+#include "storage/PLProject.h"
 #include "storage/PLRecentProjects.h"
-#include "theme/PLTheme.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QListWidget>
-#include <QMenu>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -25,31 +20,42 @@ namespace {
 
 constexpr QSize contentSize(900, 640);
 constexpr QSize smallestSize(560, 440);
-constexpr int rowHeight = 52;
-constexpr int buttonWidth = 150;
+const QString spineModeKey = u"PLShelfSpineMode"_s;
 
-QString textOfBook(const PLShelfBook &book)
+struct MenuEntry
 {
-    if (!book.available)
-        return PLFormat(PLLocalizedString(u"%@ (introuvable)"_s), {book.title});
-    return book.author.isEmpty() ? book.title : PLFormat(u"%@\n%@"_s, {book.title, book.author});
-}
+    const char16_t *title = nullptr; ///< null for a separator
+    PLCommand command = PLCommand::None;
+};
 
-QListWidgetItem *itemForBook(const PLShelfBook &book)
+constexpr MenuEntry menuEntries[] = {
+    {u"Ouvrir", PLCommand::OpenSelected},
+    {},
+    {u"Choisir une image de couverture…", PLCommand::ChooseCover},
+    {u"Retirer l'image de couverture", PLCommand::RemoveCover},
+    {},
+    {u"Afficher dans le Finder", PLCommand::RevealInFinder},
+    {u"Retirer de la bibliothèque", PLCommand::RemoveSelected},
+};
+
+QUrl chooseCoverImage(const QString &title, QWidget *parent)
 {
-    auto *item = new QListWidgetItem(textOfBook(book));
-    item->setToolTip(PLStandardizedPath(book.url));
-    item->setSizeHint(QSize(0, rowHeight));
-    item->setTextAlignment(Qt::AlignVCenter | Qt::AlignLeft);
-    if (!book.available)
-        item->setForeground(PLTheme::faintInkColor());
-    return item;
+    const PLPanelTexts texts{
+        PLLocalizedString(u"Image de couverture"_s), PLLocalizedString(u"Choisir"_s),
+        PLFormat(
+            PLLocalizedString(
+                u"Choisissez une image pour la couverture de « %@ ». Elle sera copiée dans le dossier du carnet."_s),
+            {title})};
+    return PLChooseFile(texts, PLProject::coverImageExtensions(), parent);
 }
 
 } // namespace
 
 PLLibraryWindowController::PLLibraryWindowController(PLLibraryDelegate &delegate)
-    : m_delegate(delegate), m_window(std::make_unique<PLWindow>(this))
+    : m_delegate(delegate)
+    , m_window(std::make_unique<PLWindow>(this))
+    , m_content(new PLLibraryContent)
+    , m_covers(std::make_unique<PLShelfCovers>(*m_content->shelfView()))
 {
     m_window->setController(this);
     m_window->setWindowTitle(PLLocalizedString(u"Bibliothèque"_s));
@@ -63,47 +69,120 @@ PLLibraryWindowController::PLLibraryWindowController(PLLibraryDelegate &delegate
 
 PLLibraryWindowController::~PLLibraryWindowController()
 {
+    shelfView()->setDelegate(nullptr);
     m_window->forgetDelegate();
 }
 
 void PLLibraryWindowController::showWindow()
 {
     m_window->makeKeyAndOrderFront();
-    m_listView->setFocus();
+    shelfView()->setFocus();
+}
+
+void PLLibraryWindowController::buildContent()
+{
+    m_window->setCentralWidget(m_content);
+    buildContextMenu();
+    shelfView()->setDelegate(this);
+    shelfView()->setMenu(m_contextMenu.get());
+    const bool spineMode = PLPreferences::store().value(spineModeKey).toBool();
+    m_content->modeControl()->setSelectedSegment(spineMode ? 1 : 0);
+    shelfView()->setSpineMode(spineMode);
+    shelfView()->setFocus();
+    connect(m_content->modeControl(), &PLModeControl::segmentSelected, this,
+            &PLLibraryWindowController::changeMode);
+    connect(m_content->newButton(), &QPushButton::clicked, this, [this] { m_delegate.newProject(); });
+    connect(m_content->otherButton(), &QPushButton::clicked, this, [this] { m_delegate.openProject(); });
+    connect(m_content->openButton(), &QPushButton::clicked, this, &PLLibraryWindowController::openSelected);
+}
+
+void PLLibraryWindowController::buildContextMenu()
+{
+    m_contextMenu = std::make_unique<QMenu>(PLLocalizedString(u"Carnet"_s));
+    for (const MenuEntry &entry : menuEntries) {
+        if (!entry.title) {
+            m_contextMenu->addSeparator();
+            continue;
+        }
+        QAction *action = m_contextMenu->addAction(PLLocalizedString(QString::fromUtf16(entry.title)));
+        action->setData(int(entry.command));
+        connect(action, &QAction::triggered, this,
+                [this, command = entry.command] { performCommand(command, 0); });
+    }
+    connect(m_contextMenu.get(), &QMenu::aboutToShow, this, &PLLibraryWindowController::validateContextMenu);
+}
+
+void PLLibraryWindowController::validateContextMenu()
+{
+    const QList<QAction *> actions = m_contextMenu->actions();
+    for (QAction *action : actions) {
+        if (!action->isSeparator())
+            action->setEnabled(stateOfCommand(PLCommand(action->data().toInt()), 0)->enabled);
+    }
 }
 
 void PLLibraryWindowController::reload()
 {
-    const PLShelfBook *selected = selectedBook();
-    const QUrl selectedURL = selected ? selected->url : QUrl();
-    m_books = PLKnownShelfBooks();
-    int row = m_books.empty() ? -1 : 0;
-    m_listView->clear();
-    for (size_t index = 0; index < m_books.size(); ++index) {
-        m_listView->addItem(itemForBook(m_books[index]));
-        if (m_books[index].url.path() == selectedURL.path())
-            row = int(index);
+    const PLShelfBook *selected = shelfView()->selectedBook();
+    const QString selectedPath = selected ? selected->url.path() : QString();
+    std::vector<PLShelfBook> books = PLKnownShelfBooks();
+    int index = books.empty() ? -1 : 0;
+    for (size_t book = 0; book < books.size(); ++book) {
+        if (books[book].url.path() == selectedPath)
+            index = int(book);
     }
-    m_listView->setCurrentRow(row);
-    m_emptyLabel->setVisible(m_books.empty());
+    m_covers->setBooks(std::move(books));
+    shelfView()->setSelectedIndex(index);
     updateButtons();
 }
 
-const PLShelfBook *PLLibraryWindowController::selectedBook() const
+QImage PLLibraryWindowController::thumbnailForImageAtURL(const QUrl &image)
 {
-    const int row = m_listView->currentRow();
-    return row >= 0 && size_t(row) < m_books.size() ? &m_books[size_t(row)] : nullptr;
+    return m_covers->thumbnails().thumbnailForImageAtURL(image);
+}
+
+void PLLibraryWindowController::changeMode(int segment)
+{
+    shelfView()->setSpineMode(segment == 1);
+    PLPreferences::store().setValue(spineModeKey, segment == 1);
+}
+
+void PLLibraryWindowController::updateButtons()
+{
+    m_content->openButton()->setEnabled(shelfView()->selectedBook() != nullptr);
 }
 
 void PLLibraryWindowController::openSelected()
 {
-    if (const PLShelfBook *book = selectedBook())
+    if (const PLShelfBook *book = shelfView()->selectedBook())
         m_delegate.openProjectAtURL(QUrl(book->url));
+}
+
+void PLLibraryWindowController::chooseCover()
+{
+    const PLShelfBook *selected = shelfView()->selectedBook();
+    if (!selected || !selected->available)
+        return;
+    const PLShelfBook book = *selected; // the library may be reloaded while the panel is open
+    const QUrl image = chooseCoverImage(book.title, m_window.get());
+    if (!image.isEmpty())
+        setCoverImage(image, book);
+}
+
+void PLLibraryWindowController::removeCover()
+{
+    const PLShelfBook *book = shelfView()->selectedBook();
+    if (!book || !book->available)
+        return;
+    PLError error;
+    if (!PLProject::removeCoverImageForProjectAtURL(book->url, &error))
+        presentError(error);
+    reload();
 }
 
 void PLLibraryWindowController::revealSelected()
 {
-    const PLShelfBook *book = selectedBook();
+    const PLShelfBook *book = shelfView()->selectedBook();
     if (book && book->available)
         PLRevealInFileManager(book->url);
     else
@@ -112,22 +191,41 @@ void PLLibraryWindowController::revealSelected()
 
 void PLLibraryWindowController::removeSelected()
 {
-    const PLShelfBook *book = selectedBook();
+    const PLShelfBook *book = shelfView()->selectedBook();
     if (!book)
         return;
     PLRecentProjects::removeURL(book->url);
     reload();
 }
 
+void PLLibraryWindowController::setCoverImage(const QUrl &image, const PLShelfBook &book)
+{
+    PLError error;
+    if (!PLProject::setCoverImageFromURL(image, book.url, &error))
+        return presentError(error);
+    // Read now, or the book would be seen without a picture for a moment.
+    (void)thumbnailForImageAtURL(PLProject::coverImageURLForProjectAtURL(book.url));
+    reload();
+}
+
+void PLLibraryWindowController::presentError(const PLError &error)
+{
+    QMetaObject::invokeMethod(
+        this, [this, error] { PLAlert::presentError(error, m_window.get()); }, Qt::QueuedConnection);
+}
+
 std::optional<PLCommandState> PLLibraryWindowController::stateOfCommand(PLCommand command, int) const
 {
-    const PLShelfBook *book = selectedBook();
+    const PLShelfBook *book = shelfView()->selectedBook();
     switch (command) {
     case PLCommand::OpenSelected:
     case PLCommand::RemoveSelected:
         return PLCommandState{book != nullptr};
+    case PLCommand::ChooseCover:
     case PLCommand::RevealInFinder:
         return PLCommandState{book && book->available};
+    case PLCommand::RemoveCover:
+        return PLCommandState{book && book->available && !book->cover.isNull()};
     default:
         return std::nullopt;
     }
@@ -135,122 +233,38 @@ std::optional<PLCommandState> PLLibraryWindowController::stateOfCommand(PLComman
 
 void PLLibraryWindowController::performCommand(PLCommand command, int)
 {
-    if (command == PLCommand::OpenSelected)
-        openSelected();
-    else if (command == PLCommand::RemoveSelected)
-        removeSelected();
-    else if (command == PLCommand::RevealInFinder)
-        revealSelected();
+    switch (command) {
+    case PLCommand::OpenSelected:
+        return openSelected();
+    case PLCommand::ChooseCover:
+        return chooseCover();
+    case PLCommand::RemoveCover:
+        return removeCover();
+    case PLCommand::RevealInFinder:
+        return revealSelected();
+    case PLCommand::RemoveSelected:
+        return removeSelected();
+    default:
+        return;
+    }
 }
 
-/// Delete on a book forgets it, as the context menu does.
-bool PLLibraryWindowController::eventFilter(QObject *watched, QEvent *event)
+void PLLibraryWindowController::shelfViewSelectionDidChange(PLShelfView &)
 {
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Delete) {
-        removeSelected();
-        return true;
-    }
-    return QObject::eventFilter(watched, event);
+    updateButtons();
+}
+
+void PLLibraryWindowController::openBook(const PLShelfBook &book)
+{
+    m_delegate.openProjectAtURL(book.url);
+}
+
+void PLLibraryWindowController::didDropImageAtURL(const QUrl &image, const PLShelfBook &book)
+{
+    setCoverImage(image, book);
 }
 
 void PLLibraryWindowController::windowWillClose()
 {
     Q_EMIT windowClosed();
-}
-
-void PLLibraryWindowController::buildContent()
-{
-    buildList();
-    auto *content = new QWidget;
-    auto *layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_listView);
-    layout->addWidget(buildButtons());
-    m_window->setCentralWidget(content);
-}
-
-void PLLibraryWindowController::buildList()
-{
-    m_listView = new QListWidget;
-    m_listView->setAccessibleName(PLLocalizedString(u"Ma bibliothèque"_s));
-    m_listView->setFrameShape(QFrame::NoFrame);
-    m_listView->setFont(PLTheme::sidebarFont());
-    m_listView->setContentsMargins(16, 8, 16, 8);
-    m_listView->setContextMenuPolicy(Qt::CustomContextMenu);
-    m_listView->installEventFilter(this);
-    QPalette colors = m_listView->palette();
-    colors.setColor(QPalette::Base, PLTheme::paperColor());
-    colors.setColor(QPalette::Text, PLTheme::inkColor());
-    colors.setColor(QPalette::Highlight, PLTheme::coverColor());
-    colors.setColor(QPalette::HighlightedText, PLTheme::inkColor());
-    colors.setColor(QPalette::WindowText, PLTheme::faintInkColor());
-    m_listView->setPalette(colors);
-    m_emptyLabel = new QLabel(PLLocalizedString(
-        u"Votre bibliothèque est vide.\nCréez un premier carnet pour commencer à écrire."_s));
-    m_emptyLabel->setAlignment(Qt::AlignCenter);
-    auto *overlay = new QVBoxLayout(m_listView->viewport());
-    overlay->addWidget(m_emptyLabel);
-    connect(m_listView, &QListWidget::itemActivated, this, &PLLibraryWindowController::openSelected);
-    connect(m_listView, &QListWidget::currentRowChanged, this, &PLLibraryWindowController::updateButtons);
-    connect(m_listView, &QWidget::customContextMenuRequested, this,
-            &PLLibraryWindowController::showContextMenu);
-}
-
-QWidget *PLLibraryWindowController::buildButtons()
-{
-    auto *bar = new QWidget;
-    QPalette colors = bar->palette();
-    colors.setColor(QPalette::Window, PLTheme::coverColor());
-    bar->setPalette(colors);
-    bar->setAutoFillBackground(true);
-    auto *layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(16, 10, 16, 10);
-    layout->addWidget(
-        buttonWithTitle(PLLocalizedString(u"Nouveau carnet…"_s), &PLLibraryWindowController::newProject));
-    layout->addWidget(
-        buttonWithTitle(PLLocalizedString(u"Ouvrir un autre…"_s), &PLLibraryWindowController::openOther));
-    layout->addStretch();
-    m_openButton = buttonWithTitle(PLLocalizedString(u"Ouvrir"_s), &PLLibraryWindowController::openSelected);
-    layout->addWidget(m_openButton);
-    return bar;
-}
-
-QPushButton *PLLibraryWindowController::buttonWithTitle(const QString &title,
-                                                        void (PLLibraryWindowController::*action)())
-{
-    auto *button = new QPushButton(title);
-    button->setMinimumWidth(buttonWidth);
-    connect(button, &QPushButton::clicked, this, action);
-    return button;
-}
-
-void PLLibraryWindowController::newProject()
-{
-    m_delegate.newProject();
-}
-
-void PLLibraryWindowController::openOther()
-{
-    m_delegate.openProject();
-}
-
-void PLLibraryWindowController::showContextMenu(const QPoint &position)
-{
-    QMenu menu(m_listView);
-    const auto add = [this, &menu](const QString &title, PLCommand command) {
-        QAction *action = menu.addAction(title, this, [this, command] { performCommand(command, 0); });
-        action->setEnabled(stateOfCommand(command, 0)->enabled);
-    };
-    add(PLLocalizedString(u"Ouvrir"_s), PLCommand::OpenSelected);
-    menu.addSeparator();
-    add(PLLocalizedString(u"Afficher dans le Finder"_s), PLCommand::RevealInFinder);
-    add(PLLocalizedString(u"Retirer de la bibliothèque"_s), PLCommand::RemoveSelected);
-    menu.exec(m_listView->viewport()->mapToGlobal(position));
-}
-
-void PLLibraryWindowController::updateButtons()
-{
-    if (m_openButton)
-        m_openButton->setEnabled(selectedBook() != nullptr);
 }

@@ -3,17 +3,17 @@
 
 #pragma once
 
-#include "library/PLShelfBook.h"
+#include "library/PLLibraryContent.h"
+#include "library/PLShelfCovers.h"
 #include "platform/PLCommand.h"
 #include "platform/PLWindow.h"
 
+#include <QMenu>
 #include <QObject>
 
 #include <memory>
 
-class QLabel;
-class QListWidget;
-class QPushButton;
+struct PLError;
 
 /// What the library leaves to the application.
 class PLLibraryDelegate
@@ -26,8 +26,12 @@ public:
     virtual void openProject() = 0;
 };
 
-/// The library: the window of all known notebooks, to open, to make, to forget.
-class PLLibraryWindowController final : public QObject, public PLWindowDelegate, public PLCommandHandler
+/// The library: the window of all known notebooks, to open, to make, to give covers, to forget. It decides
+/// nothing about opening and making: that is its delegate's.
+class PLLibraryWindowController final : public QObject,
+                                        public PLWindowDelegate,
+                                        public PLCommandHandler,
+                                        public PLShelfViewDelegate
 {
     Q_OBJECT
 
@@ -36,45 +40,52 @@ public:
     ~PLLibraryWindowController() override;
 
     PLWindow *window() const { return m_window.get(); }
-    QListWidget *listView() const { return m_listView; }
+    PLLibraryContent *content() const { return m_content; }
+    PLShelfView *shelfView() const { return m_content->shelfView(); }
+    QMenu *contextMenu() const { return m_contextMenu.get(); }
     void showWindow();
 
     /// Lists the known notebooks again; the selection stays on the same folder, else goes to the first.
     void reload();
-    /// Null when no notebook is selected.
-    const PLShelfBook *selectedBook() const;
+    /// True while thumbnails of covers are still being read.
+    bool isLoadingCovers() const { return m_covers->isLoading(); }
+    /// The thumbnail of a cover; null for a picture that cannot be read.
+    QImage thumbnailForImageAtURL(const QUrl &image);
 
     void openSelected();
+    /// Asks for a picture and makes it the cover of the selected book, if that is available.
+    void chooseCover();
+    void removeCover();
     /// Shows the notebook's folder in the file manager; a beep for a missing one.
     void revealSelected();
     /// Forgets the notebook. Its folder is never touched.
     void removeSelected();
+    void setCoverImage(const QUrl &image, const PLShelfBook &book);
 
     std::optional<PLCommandState> stateOfCommand(PLCommand command, int tag) const override;
     void performCommand(PLCommand command, int tag) override;
+
+    void shelfViewSelectionDidChange(PLShelfView &shelfView) override;
+    void openBook(const PLShelfBook &book) override;
+    void didDropImageAtURL(const QUrl &image, const PLShelfBook &book) override;
 
 Q_SIGNALS:
     /// The library has been closed.
     void windowClosed();
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void windowWillClose() override;
     void buildContent();
-    void buildList();
-    QWidget *buildButtons();
-    QPushButton *buttonWithTitle(const QString &title, void (PLLibraryWindowController::*action)());
-    void newProject();
-    void openOther();
-    void showContextMenu(const QPoint &position);
+    void buildContextMenu();
+    void validateContextMenu();
+    void changeMode(int segment);
     void updateButtons();
+    /// Shows the error once whatever is going on has been done with: a drop, for one.
+    void presentError(const PLError &error);
 
     PLLibraryDelegate &m_delegate;
     std::unique_ptr<PLWindow> m_window;
-    std::vector<PLShelfBook> m_books;
-    QListWidget *m_listView = nullptr;
-    QLabel *m_emptyLabel = nullptr;
-    QPushButton *m_openButton = nullptr;
+    PLLibraryContent *m_content;
+    std::unique_ptr<PLShelfCovers> m_covers;
+    std::unique_ptr<QMenu> m_contextMenu;
 };

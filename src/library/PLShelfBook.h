@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QImage>
 #include <QString>
 #include <QUrl>
 
@@ -14,6 +15,7 @@ struct PLShelfBook
     QUrl url;
     QString title;         ///< the notebook's, or the folder's name
     QString author;        ///< null for none
+    QImage cover;          ///< a thumbnail, null for none
     bool available = true; ///< its metadata could be read
 };
 

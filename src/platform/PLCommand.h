@@ -55,6 +55,8 @@ enum class PLCommand {
     ArrangeInFront,
     OpenSelected,
     RemoveSelected,
+    ChooseCover,
+    RemoveCover,
 };
 
 /// How a command stands with whoever handles it.

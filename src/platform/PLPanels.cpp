@@ -58,6 +58,20 @@ QUrl PLChooseFolderOrMarkdownFile(const PLPanelTexts &texts, QWidget *parent)
     return QUrl::fromLocalFile(panel.selectedFiles().constFirst());
 }
 
+QUrl PLChooseFile(const PLPanelTexts &texts, const QStringList &extensions, QWidget *parent)
+{
+    QFileDialog panel(parent, texts.title,
+                      QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    panel.setOption(QFileDialog::DontUseNativeDialog);
+    panel.setFileMode(QFileDialog::ExistingFile);
+    panel.setNameFilter(u"%1 (*.%2)"_s.arg(texts.title, extensions.join(u" *.")));
+    panel.setLabelText(QFileDialog::Accept, texts.prompt);
+    addMessage(panel, texts.message);
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return {};
+    return QUrl::fromLocalFile(panel.selectedFiles().constFirst());
+}
+
 QUrl PLChooseNewFolder(const PLPanelTexts &texts, const QString &nameLabel, const QString &proposedName,
                        QWidget *parent)
 {

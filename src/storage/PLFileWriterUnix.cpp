@@ -101,21 +101,6 @@ int createTemporary(const Target &target, QByteArray &name, PLDescriptor &file)
     return EEXIST;
 }
 
-int writeAll(const PLDescriptor &file, const QByteArray &data)
-{
-    for (qsizetype written = 0; written < data.size();) {
-        const size_t rest = size_t(data.size() - written);
-        const ssize_t count =
-            PLRetried([&] { return ::write(file.number(), data.constData() + written, rest); });
-        if (count < 0)
-            return errno;
-        if (count == 0)
-            return EIO; // never seen; a loop without end would be worse than an error
-        written += count;
-    }
-    return 0;
-}
-
 int keepPermissions(const PLDescriptor &file, const Target &target)
 {
     if (!target.exists)
@@ -127,7 +112,7 @@ int keepPermissions(const PLDescriptor &file, const Target &target)
 
 int fill(PLDescriptor &file, const Target &target, const QByteArray &data)
 {
-    if (const int failure = writeAll(file, data))
+    if (const int failure = PLWriteAll(file, data))
         return failure;
     if (const int failure = keepPermissions(file, target))
         return failure;

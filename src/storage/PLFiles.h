@@ -38,6 +38,19 @@ inline constexpr qint64 PLLargestFileSize = 256LL * 1024 * 1024;
 /// place of a file that is there: that is EEXIST. After a failure the file has its old name.
 [[nodiscard]] bool PLMoveFile(const QString &from, const QString &to, PLError *error = nullptr);
 
+/// Renames a file over the one that has the new name, in the same folder, and flushes the folder. Whoever
+/// looks sees the one file or the other.
+[[nodiscard]] bool PLReplaceFile(const QString &from, const QString &to, PLError *error = nullptr);
+
+/// Copies a regular file to a new one, and flushes it. What PLReadFile refuses is refused, what has the new
+/// name stays (EEXIST), and after a failure nothing has the new name. Its folder is not flushed: that is for
+/// whoever gives the copy its final name.
+[[nodiscard]] bool PLCopyFile(const QString &from, const QString &to, PLError *error = nullptr);
+
+/// Deletes a file, or a link but not what it leads to, and flushes the folder. Never a folder. True as well
+/// if there is none.
+[[nodiscard]] bool PLDeleteFile(const QString &path, PLError *error = nullptr);
+
 /// Creates a folder and those above it, and flushes their parents. No error if it is there already.
 [[nodiscard]] bool PLCreateFolder(const QString &path, PLError *error = nullptr);
 

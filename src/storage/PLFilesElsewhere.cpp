@@ -11,6 +11,8 @@
 #include <QSaveFile>
 
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -87,6 +89,39 @@ bool PLMoveFile(const QString &from, const QString &to, PLError *error)
         return PLFail(error, PLFileError(EEXIST));
     QFile file(from);
     return file.rename(to) || PLFail(error, PLFileError(errorNumber(file.error())));
+}
+
+bool PLReplaceFile(const QString &from, const QString &to, PLError *error)
+{
+    std::error_code failure;
+    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failure);
+    return !failure || PLFail(error, PLFileError(EIO));
+}
+
+bool PLCopyFile(const QString &from, const QString &to, PLError *error)
+{
+    const QFileInfo source(from);
+    int failure = 0;
+    if (PLSomethingExistsAt(to))
+        failure = EEXIST;
+    else if (!source.exists())
+        failure = ENOENT;
+    else if (!source.isFile())
+        failure = source.isDir() ? EISDIR : EINVAL;
+    else if (source.size() > PLLargestFileSize)
+        failure = EFBIG;
+    QFile file(from);
+    if (failure == 0 && file.copy(to))
+        return true;
+    failure = failure == 0 ? errorNumber(file.error()) : failure;
+    return PLFail(error, PLFileError(failure == 0 ? EIO : failure));
+}
+
+bool PLDeleteFile(const QString &path, PLError *error)
+{
+    QFile file(path);
+    return !PLSomethingExistsAt(path) || file.remove() ||
+           PLFail(error, PLFileError(errorNumber(file.error())));
 }
 
 bool PLCreateFolder(const QString &path, PLError *error)

@@ -29,23 +29,6 @@ bool isFolder(DIR *folder, const dirent &entry)
     return ::fstatat(::dirfd(folder), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// Opens without ever waiting for a FIFO's or a device's other end.
-int openForReading(const QString &path, PLDescriptor &file, qint64 &size)
-{
-    const QByteArray native = PLNativePath(path);
-    file = PLDescriptor(
-        PLRetried([&] { return ::open(native.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
-    if (!file.isOpen())
-        return errno == ENXIO ? EINVAL : errno; // ENXIO: a socket
-    struct stat status;
-    if (::fstat(file.number(), &status) != 0)
-        return errno;
-    if (!S_ISREG(status.st_mode))
-        return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-    size = status.st_size;
-    return size > PLLargestFileSize ? EFBIG : 0;
-}
-
 /// Reads up to `limit` bytes; `size` is only where to begin, as the file may be growing.
 int readAll(const PLDescriptor &file, qint64 size, qint64 limit, QByteArray &bytes)
 {
@@ -97,6 +80,17 @@ int moveFile(const PLPlace &from, const PLPlace &to)
     return PLRenameWithoutReplacing(toFolder, to.name, fromFolder, from.name) == 0 ? failure : 0;
 }
 
+/// Makes a system call that changes the names in a folder, and flushes the folder.
+template <typename Call>
+int inFolder(const QByteArray &path, Call call)
+{
+    const PLDescriptor folder = PLOpenFolder(path);
+    if (!folder.isOpen())
+        return errno;
+    const int failure = PLFailureOf([&] { return call(folder.number()); });
+    return failure == 0 ? PLFlushFolder(folder) : failure;
+}
+
 bool isTemporaryName(const QString &name)
 {
     constexpr QStringView prefix = u".aquilane-";
@@ -125,7 +119,7 @@ std::optional<QByteArray> PLReadFile(const QString &path, PLError *error, qint64
     PLDescriptor file;
     qint64 size = 0;
     QByteArray bytes;
-    int failure = openForReading(path, file, size);
+    int failure = PLOpenForReading(path, file, size);
     if (failure == 0)
         failure = readAll(file, size, limit < 0 ? PLLargestFileSize + 1 : limit, bytes);
     if (failure == 0)
@@ -140,6 +134,24 @@ bool PLMoveFile(const QString &from, const QString &to, PLError *error)
     return failure == 0 || PLFail(error, PLFileError(failure));
 }
 
+bool PLReplaceFile(const QString &from, const QString &to, PLError *error)
+{
+    const PLPlace source = PLPlaceOf(PLNativePath(from));
+    const PLPlace target = PLPlaceOf(PLNativePath(to));
+    const int failure = inFolder(target.folder, [&](int folder) {
+        return ::renameat(folder, source.name.constData(), folder, target.name.constData());
+    });
+    return failure == 0 || PLFail(error, PLFileError(failure));
+}
+
+bool PLDeleteFile(const QString &path, PLError *error)
+{
+    const PLPlace place = PLPlaceOf(PLNativePath(path));
+    const int failure =
+        inFolder(place.folder, [&](int folder) { return ::unlinkat(folder, place.name.constData(), 0); });
+    return failure == 0 || failure == ENOENT || PLFail(error, PLFileError(failure));
+}
+
 bool PLCreateFolder(const QString &path, PLError *error)
 {
     const int failure = PLMakeFolders(PLNativePath(path), 0777);
@@ -149,7 +161,8 @@ bool PLCreateFolder(const QString &path, PLError *error)
 bool PLSomethingExistsAt(const QString &path)
 {
     struct stat status;
-    return ::lstat(PLNativePath(path).constData(), &status) == 0;
+    const QByteArray native = PLNativePath(path);
+    return PLFailureOf([&] { return ::lstat(native.constData(), &status); }) == 0;
 }
 
 QStringList PLFileNamesInFolder(const QString &folder)

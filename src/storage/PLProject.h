@@ -9,6 +9,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <memory>
@@ -43,6 +44,17 @@ public:
     static std::unique_ptr<PLProject> createProjectAtURL(const QUrl &folder, const QString &title,
                                                          PLError *error = nullptr);
     static std::unique_ptr<PLProject> openProjectAtURL(const QUrl &folder, PLError *error = nullptr);
+
+    // The cover: a picture named "couverture" with one of these extensions, in the notebook's folder.
+    static QStringList coverImageExtensions();
+    /// The first that exists, in the order of the extensions; empty for none.
+    static QUrl coverImageURLForProjectAtURL(const QUrl &folder);
+    /// Deletes the covers of every extension. True if there was none.
+    [[nodiscard]] static bool removeCoverImageForProjectAtURL(const QUrl &folder, PLError *error = nullptr);
+    /// Copies the picture into the notebook as its one cover. The old one stays until the new one is safe;
+    /// what is in the file is not looked at, only its extension.
+    [[nodiscard]] static bool setCoverImageFromURL(const QUrl &image, const QUrl &folder,
+                                                   PLError *error = nullptr);
 
     explicit PLProject(const QUrl &folderURL);
 

@@ -8,6 +8,7 @@
 #include "storage/PLFiles.h"
 #include "storage/PLProject.h"
 
+#include <QFileInfo>
 #include <QUuid>
 
 #include <cerrno>
@@ -65,6 +66,22 @@ void recoverSection(const PLProject &project, PLSection section)
     }
 }
 
+/// Only what PLTemporaryPathForCover can have named.
+void sweepUnfinishedCovers(const QString &folder)
+{
+    static const std::optional<PLPattern> pattern =
+        PLPattern::compiled(u"^\\.couverture-[0-9a-f]{8}-(?:[0-9a-f]{4}-){3}[0-9a-f]{12}\\.([a-z]+)\\z"_s);
+    const QStringList names = PLFileNamesInFolder(folder);
+    for (const QString &name : names) {
+        const std::optional<QStringList> groups = pattern->firstMatch(name);
+        if (!groups || !PLProject::coverImageExtensions().contains(groups->at(1)))
+            continue;
+        const QString path = folder + u'/' + name;
+        if (const QFileInfo file(path); file.isFile() && !file.isSymLink())
+            (void)PLDeleteFile(path);
+    }
+}
+
 } // namespace
 
 QString PLTemporaryPathForRename(const QString &pagePath)
@@ -77,9 +94,16 @@ QString PLTemporaryPathForRename(const QString &pagePath)
     return folder + (name.size() <= longestName ? name : u"aquilane-"_s + unique + u".tmp"_s);
 }
 
+QString PLTemporaryPathForCover(const QString &folder, const QString &extension)
+{
+    return folder + u"/.couverture-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces) + u'.' +
+           extension;
+}
+
 void PLRecoverNotebook(const PLProject &project)
 {
     PLSweepTemporaryFiles(PLStandardizedPath(project.folderURL()));
+    sweepUnfinishedCovers(PLStandardizedPath(project.folderURL()));
     for (const PLSection section : PLAllSections)
         recoverSection(project, section);
 }

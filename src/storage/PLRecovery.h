@@ -11,6 +11,10 @@ class PLProject;
 /// folder. The old name is written into it where it fits, so that no crash can lose a page.
 QString PLTemporaryPathForRename(const QString &pagePath);
 
+/// The hidden name of a new cover that is being put in place: ".couverture-unique.extension" in the folder.
+QString PLTemporaryPathForCover(const QString &folder, const QString &extension);
+
 /// Puts right what a crash left in a notebook: pages that were being renamed get their old name back (or a
-/// free one, if it is taken or unknown), temporary files of writes that were never finished are deleted.
+/// free one, if it is taken or unknown); temporary files of writes and of covers that were never finished are
+/// deleted.
 void PLRecoverNotebook(const PLProject &project);

@@ -3,6 +3,8 @@
 
 #include "storage/PLUnixFile.h"
 
+#include "storage/PLFiles.h"
+
 #include <QFile>
 
 #include <cstdio>
@@ -63,6 +65,36 @@ PLPlace PLPlaceOf(const QByteArray &path)
     if (slash < 0)
         return {QByteArrayLiteral("."), path};
     return {path.first(qMax<qsizetype>(1, slash)), path.sliced(slash + 1)};
+}
+
+int PLOpenForReading(const QString &path, PLDescriptor &file, qint64 &size)
+{
+    const QByteArray native = PLNativePath(path);
+    file = PLDescriptor(
+        PLRetried([&] { return ::open(native.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
+    if (!file.isOpen())
+        return errno == ENXIO ? EINVAL : errno; // ENXIO: a socket
+    struct stat status;
+    if (const int failure = PLFailureOf([&] { return ::fstat(file.number(), &status); }))
+        return failure;
+    if (!S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    size = status.st_size;
+    return size > PLLargestFileSize ? EFBIG : 0;
+}
+
+int PLWriteAll(const PLDescriptor &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t count =
+            PLRetried([&] { return ::write(file.number(), bytes.data(), size_t(bytes.size())); });
+        if (count < 0)
+            return errno;
+        if (count == 0)
+            return EIO; // never seen; a loop without end would be worse than an error
+        bytes = bytes.sliced(count);
+    }
+    return 0;
 }
 
 PLDescriptor PLOpenFolder(const QByteArray &path)

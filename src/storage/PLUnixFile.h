@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <cerrno>
@@ -75,6 +76,13 @@ struct PLPlace
     QByteArray name;
 };
 PLPlace PLPlaceOf(const QByteArray &path);
+
+/// Opens a regular file of at most PLLargestFileSize to read it, without ever waiting for a FIFO's or a
+/// device's other end; `size` becomes its size in bytes.
+int PLOpenForReading(const QString &path, PLDescriptor &file, qint64 &size);
+
+/// Writes all of the bytes.
+int PLWriteAll(const PLDescriptor &file, QByteArrayView bytes);
 
 /// Opens a folder to work in it; not open, with errno set, if that fails.
 PLDescriptor PLOpenFolder(const QByteArray &path);

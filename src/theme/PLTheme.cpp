@@ -27,16 +27,6 @@ bool hasGeorgia()
     return has;
 }
 
-QFont serifFont(int size, QFont::Weight weight, int fallbackSize)
-{
-    if (!hasGeorgia())
-        return PLTheme::systemFont(fallbackSize, weight);
-    QFont font(u"Georgia"_s);
-    font.setPixelSize(size);
-    font.setWeight(weight);
-    return font;
-}
-
 } // namespace
 
 QColor PLTheme::paperColor()
@@ -106,6 +96,16 @@ QFont PLTheme::sectionFont()
 QFont PLTheme::sidebarFont()
 {
     return serifFont(13, QFont::Normal, 13);
+}
+
+QFont PLTheme::serifFont(int size, QFont::Weight weight, int fallbackSize)
+{
+    if (!hasGeorgia())
+        return systemFont(fallbackSize, weight);
+    QFont font(u"Georgia"_s);
+    font.setPixelSize(size);
+    font.setWeight(weight);
+    return font;
 }
 
 QFont PLTheme::systemFont(int size, QFont::Weight weight)

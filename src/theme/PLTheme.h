@@ -30,6 +30,8 @@ public:
     static QFont sectionFont();
     static QFont sidebarFont();
 
+    /// Georgia in a size and weight; without it the system's font, in a size that looks alike.
+    static QFont serifFont(int size, QFont::Weight weight, int fallbackSize);
     /// The system's own font in another size and weight.
     static QFont systemFont(int size, QFont::Weight weight = QFont::Normal);
 

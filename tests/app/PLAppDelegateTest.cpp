@@ -13,7 +13,6 @@
 #include "support/PLTestEnvironment.h"
 #include "support/PLTestFiles.h"
 
-#include <QListWidget>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -214,10 +213,10 @@ void PLAppDelegateTest::aMissingFolderLeavesTheListWhenAsked()
     const QString path = m_folder->filePath(u"Perdu"_s);
     PLRecentProjects::addURL(QUrl::fromLocalFile(path));
     delegate.showLibrary();
-    QCOMPARE(delegate.library()->listView()->count(), 1);
+    QCOMPARE(delegate.library()->shelfView()->books().size(), size_t(1));
     QVERIFY(!delegate.openFile(path));
     QCOMPARE(PLRecentProjects::paths(), QStringList());
-    QCOMPARE(delegate.library()->listView()->count(), 0);
+    QCOMPARE(delegate.library()->shelfView()->books().size(), size_t(0));
 }
 
 void PLAppDelegateTest::aFileIsNoFolder()
@@ -333,7 +332,7 @@ void PLAppDelegateTest::aNotebookHidesTheLibrary()
     delegate.applicationDidFinishLaunching();
     QVERIFY(delegate.openFile(makeNotebook(u"Roman"_s)));
     QVERIFY(!delegate.library()->window()->isVisible());
-    QCOMPARE(delegate.library()->listView()->count(), 1);
+    QCOMPARE(delegate.library()->shelfView()->books().size(), size_t(1));
 }
 
 void PLAppDelegateTest::aPathThatFailsLeavesTheLibrary()
@@ -351,10 +350,10 @@ void PLAppDelegateTest::theLibraryIsReloadedEachTimeItIsShown()
     delegate.showLibrary();
     PLLibraryWindowController *library = delegate.library();
     PLRecentProjects::addURL(QUrl::fromLocalFile(makeNotebook(u"Roman"_s)));
-    QCOMPARE(library->listView()->count(), 0);
+    QCOMPARE(library->shelfView()->books().size(), size_t(0));
     delegate.showLibrary();
     QCOMPARE(delegate.library(), library);
-    QCOMPARE(library->listView()->count(), 1);
+    QCOMPARE(library->shelfView()->books().size(), size_t(1));
 }
 
 void PLAppDelegateTest::closingTheLastWindowShowsTheLibrary()

@@ -3,15 +3,17 @@
 
 #include "library/PLLibraryWindowController.h"
 
+#include "foundation/PLPreferences.h"
+#include "library/PLRecordingLibraryDelegate.h"
 #include "platform/PLReveal.h"
-#include "storage/PLFiles.h"
 #include "storage/PLRecentProjects.h"
 #include "support/PLTestEnvironment.h"
 #include "support/PLTestNotebook.h"
 
+#include <QAccessible>
 #include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -21,31 +23,12 @@ namespace {
 
 QList<QUrl> revealed;
 
-/// Writes down what the library asks of the application.
-class RecordingDelegate final : public PLLibraryDelegate
+QStringList titlesOf(const PLLibraryWindowController &library)
 {
-public:
-    bool openProjectAtURL(const QUrl &folder) override
-    {
-        opened.append(PLStandardizedPath(folder));
-        return true;
-    }
-    void newProject() override { ++newProjects; }
-    void openProject() override { ++openProjects; }
-
-    QStringList opened;
-    int newProjects = 0;
-    int openProjects = 0;
-};
-
-QPushButton *buttonTitled(const QWidget &window, const QString &title)
-{
-    const auto buttons = window.findChildren<QPushButton *>();
-    for (QPushButton *button : buttons) {
-        if (button->text() == title)
-            return button;
-    }
-    return nullptr;
+    QStringList titles;
+    for (const PLShelfBook &book : library.shelfView()->books())
+        titles.append(book.title);
+    return titles;
 }
 
 } // namespace
@@ -57,59 +40,206 @@ class PLLibraryWindowControllerTest final : public QObject
 private Q_SLOTS:
     void init();
 
+    void theWindowIsAsItHasToBe_data();
+    void theWindowIsAsItHasToBe();
+    void thePartsKeepTheirPlaces_data();
+    void thePartsKeepTheirPlaces();
+    void aNarrowerWindowFlowsTheBooksAnew();
+    void theFrameIsRemembered();
     void anEmptyLibraryHasNothingToOpen();
-    void booksAreListedMostRecentFirst();
+    void booksAreInTheOrderOfTheList();
+    void aBookIsWhatItsNotebookSays_data();
+    void aBookIsWhatItsNotebookSays();
     void theSelectionStaysOnItsNotebook();
-    void returnAndDoubleClickOpen();
-    void deleteForgetsTheNotebookAndNotItsFolder();
-    void aMissingNotebookIsSaidToBe();
+    void withoutASelectionTheFirstBookIsSelected();
+    void theOpenButtonFollowsTheSelection();
+    void booksAreOpenedByDoubleClickAndReturn();
+    void returnPressesTheOpenButtonUnlessAnotherHasTheFocus();
+    void theModeIsRemembered();
+    void theModeControlIsReachedByKeys();
+    void aMissingNotebookIsKept();
+    void removingForgetsTheNotebookAndNotItsFolder();
+    void thereIsNoDeleteKey();
     void buttonsAskTheApplication();
+    void theContextMenuIsAsItHasToBe_data();
+    void theContextMenuIsAsItHasToBe();
+    void commandsAreEnabledWhereTheyApply();
+    void theFocusIsOnTheShelfWhenTheWindowIsShown();
+    void everyPartHasANameForAScreenReader();
     void closingIsTold();
 
 private:
     PLTestEnvironment m_environment;
-    RecordingDelegate m_delegate;
+    PLRecordingLibraryDelegate m_delegate;
 };
 
 void PLLibraryWindowControllerTest::init()
 {
     m_environment.forgetPreferences();
     m_environment.setLanguage(u"fr"_s);
-    m_delegate = RecordingDelegate();
+    m_delegate = PLRecordingLibraryDelegate();
     revealed.clear();
     PLSetRevealHandler([](const QUrl &location) { revealed.append(location); });
+}
+
+void PLLibraryWindowControllerTest::theWindowIsAsItHasToBe_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QStringList>("texts");
+    QTest::newRow("French") << u"fr"_s
+                            << QStringList{u"Bibliothèque"_s,   u"Ma bibliothèque"_s, u"De face"_s,
+                                           u"Sur la tranche"_s, u"Nouveau carnet…"_s, u"Ouvrir un autre…"_s,
+                                           u"Ouvrir"_s};
+    QTest::newRow("English") << u"en"_s
+                             << QStringList{u"Library"_s,       u"My Library"_s,    u"Covers"_s, u"Spines"_s,
+                                            u"New Notebook…"_s, u"Open Another…"_s, u"Open"_s};
+}
+
+void PLLibraryWindowControllerTest::theWindowIsAsItHasToBe()
+{
+    QFETCH(QString, language);
+    QFETCH(QStringList, texts);
+    m_environment.setLanguage(language);
+    PLLibraryWindowController library(m_delegate);
+    const PLLibraryContent &content = *library.content();
+
+    QCOMPARE(library.window()->size(),
+             QSize(900, 640).boundedTo(library.window()->screen()->availableSize()));
+    QCOMPARE(library.window()->minimumSize(), QSize(560, 440));
+    QCOMPARE(QStringList({library.window()->windowTitle(), content.findChild<QLabel *>()->text(),
+                          content.modeControl()->segment(0)->text(),
+                          content.modeControl()->segment(1)->text(), content.newButton()->text(),
+                          content.otherButton()->text(), content.openButton()->text()}),
+             texts);
+    QVERIFY(
+        library.shelfView()->emptyMessage().startsWith(language == u"fr" ? u"Votre biblio" : u"Your lib"));
+}
+
+void PLLibraryWindowControllerTest::thePartsKeepTheirPlaces_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("at first") << QSize(900, 640);
+    QTest::newRow("at its smallest") << QSize(560, 440);
+    QTest::newRow("large") << QSize(1601, 1003);
+}
+
+/// The places are given from the lower left corner.
+void PLLibraryWindowControllerTest::thePartsKeepTheirPlaces()
+{
+    QFETCH(QSize, size);
+    PLLibraryWindowController library(m_delegate);
+    PLLibraryContent &content = *library.content();
+    library.window()->resize(size);
+    library.showWindow();
+    const int width = content.width();
+    const int height = content.height();
+    const auto frame = [&](const QWidget *part) {
+        const QRect rect(part->mapTo(&content, QPoint()), part->size());
+        return QRect(rect.x(), height - rect.y() - rect.height(), rect.width(), rect.height());
+    };
+    QCOMPARE(content.size(), size);
+    QCOMPARE(frame(content.newButton()->parentWidget()), QRect(0, 0, width, 52));
+    QCOMPARE(frame(content.modeControl()->parentWidget()), QRect(0, height - 56, width, 56));
+    QCOMPARE(frame(content.findChild<QScrollArea *>()), QRect(0, 52, width, height - 56 - 52));
+    QCOMPARE(frame(content.newButton()), QRect(16, 10, 150, 32));
+    QCOMPARE(frame(content.otherButton()), QRect(164, 10, 150, 32));
+    QCOMPARE(frame(content.openButton()), QRect(width - 122, 10, 106, 32));
+    QCOMPARE(frame(content.modeControl()), QRect(width - 250, height - 56 + 15, 230, 25));
+    QCOMPARE(frame(content.findChild<QLabel *>()), QRect(22, height - 56 + 14, 360, 28));
+    QCOMPARE(content.modeControl()->segment(0)->width(), 100);
+    QCOMPARE(content.modeControl()->segment(1)->width(), 122);
+}
+
+void PLLibraryWindowControllerTest::aNarrowerWindowFlowsTheBooksAnew()
+{
+    std::vector<std::unique_ptr<PLTestNotebook>> notebooks;
+    for (int count = 0; count < 6; ++count) {
+        notebooks.push_back(std::make_unique<PLTestNotebook>());
+        PLRecentProjects::addURL(notebooks.back()->url());
+    }
+    PLLibraryWindowController library(m_delegate);
+    library.showWindow();
+    QCOMPARE(library.shelfView()->shelfLayout().rows, 2);
+    library.window()->resize(560, 440);
+    QTRY_COMPARE(library.shelfView()->shelfLayout().rows, 2);
+    QTRY_COMPARE(library.shelfView()->rectForBookAtIndex(3).y(), 30 + 250);
+    library.window()->resize(1100, 640);
+    QTRY_COMPARE(library.shelfView()->shelfLayout().rows, 1);
+}
+
+void PLLibraryWindowControllerTest::theFrameIsRemembered()
+{
+    {
+        PLLibraryWindowController library(m_delegate);
+        library.showWindow();
+        library.window()->setGeometry(40, 50, 700, 500);
+        library.window()->close();
+    }
+    QVERIFY(PLPreferences::store().contains(u"PLWindowFrame PLLibrary"_s));
+    PLLibraryWindowController library(m_delegate);
+    QCOMPARE(library.window()->size(), QSize(700, 500));
 }
 
 void PLLibraryWindowControllerTest::anEmptyLibraryHasNothingToOpen()
 {
     PLLibraryWindowController library(m_delegate);
 
-    QCOMPARE(library.listView()->count(), 0);
-    QVERIFY(!library.selectedBook());
-    const auto *label = library.listView()->findChild<QLabel *>();
-    QVERIFY(!label->isHidden());
-    QVERIFY(label->text().startsWith(u"Votre bibliothèque est vide."));
-    QVERIFY(!buttonTitled(*library.window(), u"Ouvrir"_s)->isEnabled());
+    QVERIFY(library.shelfView()->books().empty());
+    QCOMPARE(library.shelfView()->selectedIndex(), -1);
+    QCOMPARE(library.shelfView()->emptyMessage(),
+             u"Votre bibliothèque est vide.\nCréez un premier carnet pour commencer à écrire."_s);
+    QVERIFY(!library.content()->openButton()->isEnabled());
     QVERIFY(!library.stateOfCommand(PLCommand::RemoveSelected, 0)->enabled);
     library.openSelected();
     library.removeSelected();
+    library.chooseCover();
+    library.removeCover();
+    library.revealSelected(); // a beep
     QVERIFY(m_delegate.opened.isEmpty());
+    QVERIFY(revealed.isEmpty());
 }
 
-void PLLibraryWindowControllerTest::booksAreListedMostRecentFirst()
+void PLLibraryWindowControllerTest::booksAreInTheOrderOfTheList()
 {
     PLTestNotebook first(u"Premier"_s);
-    first.write(u"projet.md"_s, u"---\ntitre: Premier\nauteur: Jeanne Martin\n---\n"_s);
-    PLTestNotebook second(QString{});
+    PLTestNotebook second(u"Second"_s);
     PLRecentProjects::addURL(first.url());
     PLRecentProjects::addURL(second.url());
     PLLibraryWindowController library(m_delegate);
 
-    QCOMPARE(library.listView()->count(), 2);
-    QVERIFY(library.listView()->findChild<QLabel *>()->isHidden());
-    QCOMPARE(library.listView()->item(0)->text(), u"Roman"_s); // no title: the folder's name
-    QCOMPARE(library.listView()->item(1)->text(), u"Premier\nJeanne Martin"_s);
-    QCOMPARE(library.listView()->currentRow(), 0);
+    QCOMPARE(titlesOf(library), QStringList({u"Second"_s, u"Premier"_s}));
+    QCOMPARE(library.shelfView()->books()[0].url, PLRecentProjects::URLs().at(0));
+    QCOMPARE(library.shelfView()->selectedIndex(), 0);
+}
+
+void PLLibraryWindowControllerTest::aBookIsWhatItsNotebookSays_data()
+{
+    QTest::addColumn<QString>("metadata");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("author");
+    QTest::newRow("title and author")
+        << u"---\ntitre: Le phare\nauteur: Anne\n---\n"_s << u"Le phare"_s << u"Anne"_s;
+    QTest::newRow("no author") << u"---\ntitre: Le phare\n---\n"_s << u"Le phare"_s << QString();
+    QTest::newRow("an empty title") << u"---\ntitre:\nauteur: Anne\n---\n"_s << u"Roman"_s << u"Anne"_s;
+    QTest::newRow("no header") << u"Texte"_s << u"Roman"_s << QString();
+    QTest::newRow("an empty file") << QString() << u"Roman"_s << QString();
+}
+
+void PLLibraryWindowControllerTest::aBookIsWhatItsNotebookSays()
+{
+    QFETCH(QString, metadata);
+    QFETCH(QString, title);
+    QFETCH(QString, author);
+    PLTestNotebook notebook;
+    notebook.write(u"projet.md"_s, metadata);
+    PLRecentProjects::addURL(notebook.url());
+    PLLibraryWindowController library(m_delegate);
+
+    const PLShelfBook &book = library.shelfView()->books().at(0);
+    QVERIFY(book.available);
+    QCOMPARE(book.title, title);
+    QCOMPARE(book.author, author);
+    QVERIFY(book.cover.isNull());
 }
 
 void PLLibraryWindowControllerTest::theSelectionStaysOnItsNotebook()
@@ -120,66 +250,165 @@ void PLLibraryWindowControllerTest::theSelectionStaysOnItsNotebook()
     PLRecentProjects::addURL(first.url());
     PLRecentProjects::addURL(second.url());
     PLLibraryWindowController library(m_delegate);
-    library.listView()->setCurrentRow(1);
-    QCOMPARE(library.selectedBook()->title, u"Premier"_s);
+    library.shelfView()->setSelectedIndex(1);
+    QCOMPARE(library.shelfView()->selectedBook()->title, u"Premier"_s);
 
     PLRecentProjects::addURL(third.url());
     library.reload();
-    QCOMPARE(library.selectedBook()->title, u"Premier"_s);
+    QCOMPARE(library.shelfView()->selectedBook()->title, u"Premier"_s);
+    QCOMPARE(library.shelfView()->selectedIndex(), 2);
 
     PLRecentProjects::removeURL(first.url());
     library.reload();
-    QCOMPARE(library.selectedBook()->title, u"Troisième"_s);
+    QCOMPARE(library.shelfView()->selectedBook()->title, u"Troisième"_s);
 }
 
-void PLLibraryWindowControllerTest::returnAndDoubleClickOpen()
+void PLLibraryWindowControllerTest::withoutASelectionTheFirstBookIsSelected()
+{
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    PLLibraryWindowController library(m_delegate);
+    library.shelfView()->setSelectedIndex(-1);
+    library.reload();
+    QCOMPARE(library.shelfView()->selectedIndex(), 0);
+    QVERIFY(library.content()->openButton()->isEnabled());
+}
+
+void PLLibraryWindowControllerTest::theOpenButtonFollowsTheSelection()
+{
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    PLLibraryWindowController library(m_delegate);
+    library.showWindow();
+    QVERIFY(library.content()->openButton()->isEnabled());
+    QTest::mouseClick(library.shelfView(), Qt::LeftButton, {}, {3, 3}); // beside the book
+    QVERIFY(!library.content()->openButton()->isEnabled());
+    QTest::mouseClick(library.shelfView(), Qt::LeftButton, {},
+                      library.shelfView()->rectForBookAtIndex(0).center());
+    QVERIFY(library.content()->openButton()->isEnabled());
+}
+
+void PLLibraryWindowControllerTest::booksAreOpenedByDoubleClickAndReturn()
 {
     PLTestNotebook notebook;
     PLRecentProjects::addURL(notebook.url());
     PLLibraryWindowController library(m_delegate);
     library.showWindow();
 
-    QTest::keyClick(library.listView(), Qt::Key_Return);
+    QTest::keyClick(library.shelfView(), Qt::Key_Return);
     QCOMPARE(m_delegate.opened, QStringList{notebook.path()});
-    const QPoint center = library.listView()->visualItemRect(library.listView()->item(0)).center();
+    const QPoint center = library.shelfView()->rectForBookAtIndex(0).center();
     // Qt Test sends the second half of a double click alone.
-    QTest::mouseClick(library.listView()->viewport(), Qt::LeftButton, {}, center);
-    QTest::mouseDClick(library.listView()->viewport(), Qt::LeftButton, {}, center);
+    QTest::mouseClick(library.shelfView(), Qt::LeftButton, {}, center);
+    QTest::mouseDClick(library.shelfView(), Qt::LeftButton, {}, center);
     QCOMPARE(m_delegate.opened.size(), 2);
 }
 
-void PLLibraryWindowControllerTest::deleteForgetsTheNotebookAndNotItsFolder()
+void PLLibraryWindowControllerTest::returnPressesTheOpenButtonUnlessAnotherHasTheFocus()
 {
     PLTestNotebook notebook;
     PLRecentProjects::addURL(notebook.url());
     PLLibraryWindowController library(m_delegate);
-
-    QTest::keyClick(library.listView(), Qt::Key_Delete);
-
-    QCOMPARE(library.listView()->count(), 0);
-    QVERIFY(PLRecentProjects::URLs().isEmpty());
-    QVERIFY(notebook.exists(u"projet.md"_s));
+    library.showWindow();
+    QTest::keyClick(library.content()->modeControl()->segment(0), Qt::Key_Return);
+    QCOMPARE(m_delegate.opened.size(), 1);
+    QTest::keyClick(library.content(), Qt::Key_Enter);
+    QCOMPARE(m_delegate.opened.size(), 2);
+    QTest::keyClick(library.content()->newButton(), Qt::Key_Return);
+    QCOMPARE(m_delegate.newProjects, 1);
+    QCOMPARE(m_delegate.opened.size(), 2);
+    library.shelfView()->setSelectedIndex(-1);
+    QTest::keyClick(library.shelfView(), Qt::Key_Return);
+    QTest::keyClick(library.content(), Qt::Key_Return);
+    QCOMPARE(m_delegate.opened.size(), 2);
 }
 
-void PLLibraryWindowControllerTest::aMissingNotebookIsSaidToBe()
+void PLLibraryWindowControllerTest::theModeIsRemembered()
+{
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    {
+        PLLibraryWindowController library(m_delegate);
+        QCOMPARE(library.content()->modeControl()->selectedSegment(), 0);
+        QVERIFY(!library.shelfView()->spineMode());
+        library.content()->modeControl()->segment(1)->click();
+        QVERIFY(library.shelfView()->spineMode());
+        QCOMPARE(PLPreferences::store().value(u"PLShelfSpineMode"_s).toBool(), true);
+    }
+    PLLibraryWindowController library(m_delegate);
+    QCOMPARE(library.content()->modeControl()->selectedSegment(), 1);
+    QVERIFY(library.shelfView()->spineMode());
+    library.content()->modeControl()->segment(0)->click();
+    QVERIFY(!library.shelfView()->spineMode());
+    QCOMPARE(PLPreferences::store().value(u"PLShelfSpineMode"_s).toBool(), false);
+}
+
+void PLLibraryWindowControllerTest::theModeControlIsReachedByKeys()
+{
+    PLLibraryWindowController library(m_delegate);
+    library.showWindow();
+    QVERIFY(QTest::qWaitForWindowActive(library.window()));
+    PLModeControl *mode = library.content()->modeControl();
+    mode->segment(0)->setFocus();
+    QTest::keyClick(mode->segment(0), Qt::Key_Right);
+    QCOMPARE(mode->selectedSegment(), 1);
+    QVERIFY(library.shelfView()->spineMode());
+    QTest::keyClick(mode->segment(1), Qt::Key_Left);
+    QVERIFY(!library.shelfView()->spineMode());
+    QTest::keyClick(mode->segment(0), Qt::Key_Space); // one of the two is always selected
+    QCOMPARE(mode->selectedSegment(), 0);
+}
+
+void PLLibraryWindowControllerTest::aMissingNotebookIsKept()
+{
+    PLTestNotebook notebook;
+    notebook.write(u"Ailleurs/couverture.png"_s, QString()); // a folder, but not a notebook any more
+    PLRecentProjects::addURL(notebook.url());
+    PLRecentProjects::addURL(notebook.url(u"Ailleurs"_s));
+    PLLibraryWindowController library(m_delegate);
+
+    const PLShelfBook &missing = library.shelfView()->books()[0];
+    QVERIFY(!missing.available);
+    QCOMPARE(missing.title, u"Ailleurs"_s);
+    QVERIFY(missing.author.isNull() && missing.cover.isNull());
+    QVERIFY(!library.isLoadingCovers());
+    library.revealSelected(); // a beep
+    library.chooseCover();
+    library.removeCover();
+    QVERIFY(revealed.isEmpty());
+    QVERIFY(notebook.exists(u"Ailleurs/couverture.png"_s));
+    library.openSelected(); // the application says that it is missing
+    QCOMPARE(m_delegate.opened, QStringList{notebook.path(u"Ailleurs"_s)});
+    library.shelfView()->setSelectedIndex(1);
+    library.revealSelected();
+    QCOMPARE(revealed, QList<QUrl>{library.shelfView()->books()[1].url});
+}
+
+void PLLibraryWindowControllerTest::removingForgetsTheNotebookAndNotItsFolder()
 {
     PLTestNotebook notebook;
     PLRecentProjects::addURL(notebook.url());
     PLRecentProjects::addURL(notebook.url(u"Ailleurs"_s));
     PLLibraryWindowController library(m_delegate);
 
-    QCOMPARE(library.listView()->item(0)->text(), u"Ailleurs (introuvable)"_s);
-    QVERIFY(!library.selectedBook()->available);
-    QVERIFY(!library.stateOfCommand(PLCommand::RevealInFinder, 0)->enabled);
-    QVERIFY(library.stateOfCommand(PLCommand::OpenSelected, 0)->enabled);
-    library.revealSelected();
-    QVERIFY(revealed.isEmpty());
-    library.openSelected(); // the application says that it is missing
-    QCOMPARE(m_delegate.opened, QStringList{notebook.path(u"Ailleurs"_s)});
+    library.performCommand(PLCommand::RemoveSelected, 0);
+    QCOMPARE(titlesOf(library), QStringList{u"Roman"_s});
+    library.performCommand(PLCommand::RemoveSelected, 0);
+    QVERIFY(library.shelfView()->books().empty());
+    QVERIFY(!library.content()->openButton()->isEnabled());
+    QVERIFY(PLRecentProjects::URLs().isEmpty());
+    QVERIFY(notebook.exists(u"projet.md"_s));
+}
 
-    library.listView()->setCurrentRow(1);
-    library.revealSelected();
-    QCOMPARE(revealed.size(), 1);
+void PLLibraryWindowControllerTest::thereIsNoDeleteKey()
+{
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    PLLibraryWindowController library(m_delegate);
+    library.showWindow();
+    QTest::keyClick(library.shelfView(), Qt::Key_Delete);
+    QTest::keyClick(library.shelfView(), Qt::Key_Backspace);
+    QCOMPARE(library.shelfView()->books().size(), size_t(1));
 }
 
 void PLLibraryWindowControllerTest::buttonsAskTheApplication()
@@ -188,13 +417,134 @@ void PLLibraryWindowControllerTest::buttonsAskTheApplication()
     PLRecentProjects::addURL(notebook.url());
     PLLibraryWindowController library(m_delegate);
 
-    buttonTitled(*library.window(), u"Nouveau carnet…"_s)->click();
-    buttonTitled(*library.window(), u"Ouvrir un autre…"_s)->click();
-    buttonTitled(*library.window(), u"Ouvrir"_s)->click();
+    library.content()->newButton()->click();
+    library.content()->otherButton()->click();
+    library.content()->openButton()->click();
 
     QCOMPARE(m_delegate.newProjects, 1);
     QCOMPARE(m_delegate.openProjects, 1);
     QCOMPARE(m_delegate.opened, QStringList{notebook.path()});
+}
+
+void PLLibraryWindowControllerTest::theContextMenuIsAsItHasToBe_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QStringList>("titles");
+    QTest::newRow("French") << u"fr"_s
+                            << QStringList{u"Carnet"_s,
+                                           u"Ouvrir"_s,
+                                           u""_s,
+                                           u"Choisir une image de couverture…"_s,
+                                           u"Retirer l'image de couverture"_s,
+                                           u""_s,
+                                           u"Afficher dans le Finder"_s,
+                                           u"Retirer de la bibliothèque"_s};
+    QTest::newRow("English") << u"en"_s
+                             << QStringList{u"Notebook"_s,
+                                            u"Open"_s,
+                                            u""_s,
+                                            u"Choose Cover Image…"_s,
+                                            u"Remove Cover Image"_s,
+                                            u""_s,
+                                            u"Show in Finder"_s,
+                                            u"Remove from Library"_s};
+}
+
+void PLLibraryWindowControllerTest::theContextMenuIsAsItHasToBe()
+{
+    QFETCH(QString, language);
+    QFETCH(QStringList, titles);
+    m_environment.setLanguage(language);
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    PLLibraryWindowController library(m_delegate);
+    QCOMPARE(library.shelfView()->menu(), library.contextMenu());
+
+    QStringList found{library.contextMenu()->title()};
+    const QList<QAction *> actions = library.contextMenu()->actions();
+    for (const QAction *action : actions) {
+        found.append(action->text());
+        QVERIFY(action->shortcut().isEmpty());
+    }
+    QCOMPARE(found, titles);
+    actions.first()->trigger();
+    QCOMPARE(m_delegate.opened, QStringList{notebook.path()});
+    actions.last()->trigger();
+    QVERIFY(library.shelfView()->books().empty());
+    Q_EMIT library.contextMenu()->aboutToShow();
+    for (const QAction *action : actions)
+        QCOMPARE(action->isEnabled(), action->isSeparator()); // nothing is selected any more
+}
+
+void PLLibraryWindowControllerTest::commandsAreEnabledWhereTheyApply()
+{
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    PLRecentProjects::addURL(notebook.url(u"Ailleurs"_s));
+    PLLibraryWindowController library(m_delegate);
+    const auto enabled = [&library] {
+        QString states;
+        for (const PLCommand command :
+             {PLCommand::OpenSelected, PLCommand::ChooseCover, PLCommand::RemoveCover,
+              PLCommand::RevealInFinder, PLCommand::RemoveSelected})
+            states += library.stateOfCommand(command, 0)->enabled ? u'1' : u'0';
+        return states;
+    };
+    library.shelfView()->setSelectedIndex(-1);
+    QCOMPARE(enabled(), u"00000"_s);
+    library.shelfView()->setSelectedIndex(0); // missing
+    QCOMPARE(enabled(), u"10001"_s);
+    library.shelfView()->setSelectedIndex(1); // without a cover
+    QCOMPARE(enabled(), u"11011"_s);
+    std::vector<PLShelfBook> books = library.shelfView()->books();
+    books[1].cover = QImage(2, 2, QImage::Format_RGB32);
+    library.shelfView()->setBooks(books);
+    QCOMPARE(enabled(), u"11111"_s);
+    QVERIFY(!library.stateOfCommand(PLCommand::NewProject, 0)); // left to the application
+}
+
+void PLLibraryWindowControllerTest::theFocusIsOnTheShelfWhenTheWindowIsShown()
+{
+    PLTestNotebook notebook;
+    PLRecentProjects::addURL(notebook.url());
+    PLLibraryWindowController library(m_delegate);
+    library.showWindow();
+    QVERIFY(QTest::qWaitForWindowActive(library.window()));
+    QVERIFY(library.shelfView()->hasFocus());
+    QTest::mouseClick(library.content()->modeControl()->segment(1), Qt::LeftButton);
+    QVERIFY(library.shelfView()->hasFocus()); // a click leaves the arrow keys to the shelf
+
+    QStringList order;
+    for (int step = 0; step < 5; ++step) {
+        QTest::keyClick(library.window(), Qt::Key_Tab);
+        const auto *button = qobject_cast<QAbstractButton *>(QApplication::focusWidget());
+        order.append(button ? button->text() : u"the shelf"_s);
+    }
+    QCOMPARE(order, QStringList({u"Nouveau carnet…"_s, u"Ouvrir un autre…"_s, u"Ouvrir"_s,
+                                 u"Sur la tranche"_s, u"the shelf"_s}));
+    library.content()->newButton()->setFocus();
+    library.window()->hide();
+    library.showWindow();
+    QCOMPARE(library.window()->focusWidget(), library.shelfView());
+}
+
+void PLLibraryWindowControllerTest::everyPartHasANameForAScreenReader()
+{
+    PLLibraryWindowController library(m_delegate);
+    const QList<QAbstractButton *> buttons = library.content()->findChildren<QAbstractButton *>();
+    int named = 0;
+    for (QAbstractButton *button : buttons) {
+        if (!button->inherits("PLWoodButton"))
+            continue; // of the scroll bar
+        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(button);
+        QCOMPARE(accessible->text(QAccessible::Name), button->text());
+        QCOMPARE(accessible->role(),
+                 button->isCheckable() ? QAccessible::RadioButton : QAccessible::PushButton);
+        ++named;
+    }
+    QCOMPARE(named, 5);
+    QCOMPARE(QAccessible::queryAccessibleInterface(library.shelfView())->text(QAccessible::Name),
+             u"Ma bibliothèque"_s);
 }
 
 void PLLibraryWindowControllerTest::closingIsTold()
@@ -208,6 +558,8 @@ void PLLibraryWindowControllerTest::closingIsTold()
     library.showWindow();
     library.window()->close();
     QCOMPARE(closed.count(), 1);
+    library.showWindow(); // it is kept
+    QVERIFY(library.window()->isVisible());
 }
 
 QTEST_MAIN(PLLibraryWindowControllerTest)

@@ -2,24 +2,15 @@
 // SPDX-License-Identifier: MIT
 
 #include "storage/PLFiles.h"
+#include "storage/PLTrace.h"
 #include "support/PLTestEnvironment.h"
 #include "support/PLTestFiles.h"
 
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A system call of the operation: the `count`th call of that name in the life of the process.
-struct Call
-{
-    QString name;
-    int count = 0;
-};
 
 /// What became of an operation.
 struct Outcome
@@ -30,26 +21,6 @@ struct Outcome
 
 const QByteArray oldText = "old";
 const QByteArray newText(20'000, 'n');
-
-/// The calls between the two marks of the probe, those for memory left out: they are not about files.
-QList<Call> callsIn(const QString &log)
-{
-    static const QRegularExpression callName(u"^(\\w+)\\("_s);
-    static const QStringList memoryCalls{u"brk"_s, u"madvise"_s, u"mmap"_s, u"mprotect"_s, u"munmap"_s};
-    QHash<QString, int> counts;
-    QList<Call> calls;
-    bool isInside = false;
-    const QStringList lines = QString::fromUtf8(PLBytesOf(log)).split(u'\n');
-    for (const QString &line : lines) {
-        const QString name = callName.match(line).captured(1);
-        const int count = ++counts[name];
-        if (line.contains(u"/aquilane-mark"_s))
-            isInside = !isInside;
-        else if (isInside && !name.isEmpty() && !memoryCalls.contains(name))
-            calls.append({name, count});
-    }
-    return calls;
-}
 
 } // namespace
 
@@ -74,29 +45,15 @@ private Q_SLOTS:
 
 private:
     QString pagePath() const { return m_folder->filePath(u"page.md"_s); }
-    QString logPath() const { return m_logs.filePath(u"calls"_s); }
-    int strace(const QStringList &options, const QStringList &command) const;
     Outcome run(const QString &operation, const QStringList &faults);
-    QList<Call> calls(const QString &operation);
+    QList<PLTracedCall> calls(const QString &operation);
     void checkPage(const QString &operation, bool isDone) const;
     void addOperations() const;
 
     PLTestEnvironment m_environment;
-    QTemporaryDir m_logs;
+    PLTrace m_trace;
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-int PLFileFaultsTest::strace(const QStringList &options, const QStringList &command) const
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s); // that check cannot be traced
-    process.setProcessEnvironment(environment);
-    process.start(u"strace"_s, QStringList{u"-o"_s, logPath()} + options + command);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    return process.exitCode();
-}
 
 /// Runs the operation in a new folder, with options of strace such as "fsync:error=EIO:when=2".
 Outcome PLFileFaultsTest::run(const QString &operation, const QStringList &faults)
@@ -104,16 +61,13 @@ Outcome PLFileFaultsTest::run(const QString &operation, const QStringList &fault
     m_folder = std::make_unique<QTemporaryDir>();
     if (operation != u"create" && !PLMakeFile(pagePath(), oldText))
         return {};
-    QStringList options;
-    for (const QString &fault : faults)
-        options << u"-e"_s << u"inject="_s + fault;
-    const int exitCode = strace(options, {QStringLiteral(AQUILANE_PROBE), operation, pagePath()});
+    const int exitCode = m_trace.run({operation, pagePath()}, faults);
     return {exitCode, PLNamesIn(m_folder->path())};
 }
 
-QList<Call> PLFileFaultsTest::calls(const QString &operation)
+QList<PLTracedCall> PLFileFaultsTest::calls(const QString &operation)
 {
-    return run(operation, {}).exitCode == 0 ? callsIn(logPath()) : QList<Call>();
+    return run(operation, {}).exitCode == 0 ? m_trace.calls() : QList<PLTracedCall>();
 }
 
 /// What may be on the disk: the state before the operation, unless it is done, or the state after it.
@@ -143,7 +97,7 @@ void PLFileFaultsTest::addOperations() const
 
 void PLFileFaultsTest::initTestCase()
 {
-    if (QStandardPaths::findExecutable(u"strace"_s).isEmpty() || strace({}, {u"true"_s}) != 0)
+    if (!PLTrace::isAvailable())
         QSKIP("strace is not there, or may not trace");
 }
 
@@ -155,12 +109,12 @@ void PLFileFaultsTest::everyCallMayFail_data()
 void PLFileFaultsTest::everyCallMayFail()
 {
     QFETCH(QString, operation);
-    const QList<Call> made = calls(operation);
+    const QList<PLTracedCall> made = calls(operation);
     QVERIFY(made.size() >= 8);
     int reported = 0;
-    for (const Call &call : made) {
+    for (const PLTracedCall &call : made) {
         for (const QString &error : {u"EIO"_s, u"ENOSPC"_s, u"EROFS"_s, u"EACCES"_s, u"EINTR"_s}) {
-            const QString fault = u"%1:error=%2:when=%3"_s.arg(call.name, error).arg(call.count);
+            const QString fault = call.fault(u"error="_s + error);
             const Outcome outcome = run(operation, {fault});
             QVERIFY2(outcome.exitCode == 0 || outcome.exitCode == 1, qPrintable(fault));
             QVERIFY2(error != u"EINTR" || outcome.exitCode == 0, qPrintable(fault));
@@ -204,7 +158,7 @@ void PLFileFaultsTest::theTextIsOnDiskBeforeItsNameAndTheNameBeforeTheAnswer()
     static const QStringList steps{u"write"_s, u"fsync"_s, u"renameat"_s, u"renameat2"_s, u"fchmod"_s};
     const auto stepsOf = [this](const QString &operation) {
         QStringList names;
-        for (const Call &call : calls(operation)) {
+        for (const PLTracedCall &call : calls(operation)) {
             if (steps.contains(call.name))
                 names.append(call.name);
         }
@@ -224,10 +178,10 @@ void PLFileFaultsTest::theProcessMayBeKilledAtEveryCall_data()
 void PLFileFaultsTest::theProcessMayBeKilledAtEveryCall()
 {
     QFETCH(QString, operation);
-    const QList<Call> made = calls(operation);
+    const QList<PLTracedCall> made = calls(operation);
     QVERIFY(made.size() >= 8);
-    for (const Call &call : made) {
-        const QString fault = u"%1:signal=KILL:when=%2"_s.arg(call.name).arg(call.count);
+    for (const PLTracedCall &call : made) {
+        const QString fault = call.fault(u"signal=KILL"_s);
         const Outcome outcome = run(operation, {fault});
         QVERIFY2(outcome.exitCode == -1, qPrintable(fault));
         PLSweepTemporaryFiles(m_folder->path()); // as the next opening of the notebook does
@@ -263,10 +217,7 @@ void PLFileFaultsTest::disksWithoutAnExclusiveRenameWork()
     if (operation == u"move")
         QVERIFY(PLMakeFile(pagePath(), oldText));
     const QStringList namesBefore = PLNamesIn(m_folder->path());
-    QStringList options;
-    for (const QString &fault : faults)
-        options << u"-e"_s << u"inject="_s + fault;
-    QCOMPARE(strace(options, {QStringLiteral(AQUILANE_PROBE), operation, pagePath()}), 1);
+    QCOMPARE(m_trace.run({operation, pagePath()}, faults), 1);
     QCOMPARE(PLNamesIn(m_folder->path()), namesBefore);
     QCOMPARE(PLBytesOf(m_folder->filePath(taken)), "other");
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "storage/PLFiles.h"
+#include "support/PLTestDisk.h"
 #include "support/PLTestEnvironment.h"
 #include "support/PLTestFiles.h"
 
@@ -9,10 +10,7 @@
 #include <QTest>
 
 #include <cerrno>
-#include <csignal>
-#include <cstdlib>
 
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -31,48 +29,6 @@ mode_t permissionsOf(const QString &path)
     struct stat status;
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
-
-/// While it lives, no file of this process can grow over a number of bytes: a disk that is full.
-class FullDisk final
-{
-public:
-    explicit FullDisk(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limit{bytes, m_old.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int);
-};
-
-/// While it lives, a test run by the superuser has the rights of nobody in particular, and owns the folder.
-class OrdinaryUser final
-{
-public:
-    explicit OrdinaryUser(const QString &folder) : m_user(::geteuid())
-    {
-        constexpr uid_t nobody = 65534;
-        if (m_user == 0 && ::chown(QFile::encodeName(folder).constData(), nobody, gid_t(-1)) == 0)
-            m_changed = ::seteuid(nobody) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (m_changed && ::seteuid(m_user) != 0)
-            std::abort();
-    }
-
-private:
-    uid_t m_user;
-    bool m_changed = false;
-};
 
 } // namespace
 
@@ -317,7 +273,7 @@ void PLFileWriterTest::whatIsNotAFileIsNeverReplaced()
 
 void PLFileWriterTest::aFileNobodyMayWriteToIsLeftAlone()
 {
-    const OrdinaryUser user(m_folder->path());
+    const PLOrdinaryUser user(m_folder->path());
     QVERIFY(PLMakeFile(path(u"page.md"_s), "old"));
     QCOMPARE(::chmod(QFile::encodeName(path(u"page.md"_s)).constData(), 0444), 0);
     PLError error;
@@ -330,7 +286,7 @@ void PLFileWriterTest::aFileNobodyMayWriteToIsLeftAlone()
 void PLFileWriterTest::aFolderNobodyMayWriteToIsAnError()
 {
     QVERIFY(PLMakeFile(path(u"page.md"_s), "old"));
-    const OrdinaryUser user(m_folder->path());
+    const PLOrdinaryUser user(m_folder->path());
     const QByteArray folder = QFile::encodeName(m_folder->path());
     QCOMPARE(::chmod(folder.constData(), 0500), 0);
     PLError error;
@@ -423,7 +379,7 @@ void PLFileWriterTest::aFullDiskKeepsTheOldText()
     PLError error;
     bool isWritten = true;
     {
-        const FullDisk disk{rlim_t(room)};
+        const PLFullDisk disk{rlim_t(room)};
         isWritten = PLWriteFile(path(u"page.md"_s), QByteArray(size, 'n'), PLWriteMode::Replace, &error);
     }
     QVERIFY(!isWritten);
@@ -439,7 +395,7 @@ void PLFileWriterTest::aFullDiskCreatesNothing()
     for (const PLWriteMode mode : {PLWriteMode::Replace, PLWriteMode::CreateNew}) {
         bool isWritten = true;
         {
-            const FullDisk disk(100);
+            const PLFullDisk disk(100);
             isWritten = PLWriteFile(path(u"page.md"_s), QByteArray(200, 'n'), mode);
         }
         QVERIFY(!isWritten);
@@ -451,7 +407,7 @@ void PLFileWriterTest::theNextWriteAfterAFullDiskSucceeds()
 {
     QVERIFY(PLMakeFile(path(u"page.md"_s), "old"));
     {
-        const FullDisk disk(100);
+        const PLFullDisk disk(100);
         QVERIFY(!PLWriteFile(path(u"page.md"_s), QByteArray(200, 'n'), PLWriteMode::Replace));
         QVERIFY(PLWriteFile(path(u"page.md"_s), QByteArray(100, 'm'), PLWriteMode::Replace));
     }

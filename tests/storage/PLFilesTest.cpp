@@ -34,6 +34,10 @@ private Q_SLOTS:
 
     void movingRenames();
     void movingToAnotherFolder();
+    void replacingTakesThePlaceOfAFile();
+    void copyingMakesAFileOfItsOwn();
+    void copyingNeverTakesThePlaceOfAFile();
+    void deletingKeepsFoldersAndWhatLinksLeadTo();
     void movingNeverTakesThePlaceOfAFile_data();
     void movingNeverTakesThePlaceOfAFile();
     void movingALinkMovesTheLink();
@@ -168,6 +172,59 @@ void PLFilesTest::movingToAnotherFolder()
     QVERIFY(PLMoveFile(path(u"one/a.md"_s), path(u"two/b.md"_s)));
     QCOMPARE(PLNamesIn(path(u"one"_s)), QStringList{});
     QCOMPARE(PLBytesOf(path(u"two/b.md"_s)), "a");
+}
+
+void PLFilesTest::replacingTakesThePlaceOfAFile()
+{
+    QVERIFY(PLMakeFile(path(u"a.png"_s), "a"));
+    QVERIFY(PLMakeFile(path(u"b.png"_s), "b"));
+    QVERIFY(PLReplaceFile(path(u"a.png"_s), path(u"b.png"_s)));
+    QCOMPARE(PLNamesIn(m_folder->path()), QStringList{u"b.png"_s});
+    QCOMPARE(PLBytesOf(path(u"b.png"_s)), "a");
+    PLError error;
+    QVERIFY(!PLReplaceFile(path(u"a.png"_s), path(u"b.png"_s), &error));
+    QCOMPARE(error.code, ENOENT);
+    QCOMPARE(PLBytesOf(path(u"b.png"_s)), "a");
+}
+
+void PLFilesTest::copyingMakesAFileOfItsOwn()
+{
+    for (const int size : {0, 1, 256 * 1024, 256 * 1024 + 1}) {
+        QVERIFY(PLMakeFile(path(u"a.png"_s), QByteArray(size, 'a')));
+        QVERIFY(PLCopyFile(path(u"a.png"_s), path(u"b.png"_s)));
+        QCOMPARE(PLBytesOf(path(u"b.png"_s)), QByteArray(size, 'a'));
+        QVERIFY(PLDeleteFile(path(u"b.png"_s)));
+        QVERIFY(QFile::exists(path(u"a.png"_s)));
+    }
+}
+
+void PLFilesTest::copyingNeverTakesThePlaceOfAFile()
+{
+    QVERIFY(PLMakeFile(path(u"a.png"_s), "a"));
+    QVERIFY(PLMakeFile(path(u"b.png"_s), "b"));
+    QVERIFY(QFile::link(u"nowhere"_s, path(u"link.png"_s)));
+    for (const QString &target : {u"b.png"_s, u"link.png"_s, u"a.png"_s}) {
+        PLError error;
+        QVERIFY(!PLCopyFile(path(u"a.png"_s), path(target), &error));
+        QCOMPARE(error.code, EEXIST);
+    }
+    QCOMPARE(PLBytesOf(path(u"b.png"_s)), "b");
+    QCOMPARE(PLBytesOf(path(u"a.png"_s)), "a");
+    QVERIFY(!QFile::exists(path(u"nowhere"_s)));
+}
+
+void PLFilesTest::deletingKeepsFoldersAndWhatLinksLeadTo()
+{
+    QVERIFY(PLMakeFile(path(u"a.png"_s), "a"));
+    QVERIFY(QFile::link(u"a.png"_s, path(u"link.png"_s)));
+    QVERIFY(PLDeleteFile(path(u"link.png"_s)));
+    QVERIFY(PLDeleteFile(path(u"link.png"_s))); // there is none any more
+    QCOMPARE(PLNamesIn(m_folder->path()), QStringList{u"a.png"_s});
+    QVERIFY(QDir().mkpath(path(u"folder"_s)));
+    PLError error;
+    QVERIFY(!PLDeleteFile(path(u"folder"_s), &error));
+    QCOMPARE(error.code, EISDIR);
+    QVERIFY(QFile::exists(path(u"folder"_s)));
 }
 
 void PLFilesTest::movingNeverTakesThePlaceOfAFile_data()

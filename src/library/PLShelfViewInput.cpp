@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+//
+// What the writer does to the shelf.
+
+#include "library/PLShelfView.h"
+#include "storage/PLProject.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QStyleHints>
+
+namespace {
+
+bool isShowMenuKey(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_F10 &&
+           event.modifiers() == Qt::ShiftModifier; // the Menu key comes as an event
+}
+
+/// A folder can have the name of a picture.
+bool isImage(const QUrl &url)
+{
+    const QFileInfo file(url.toLocalFile());
+    return url.isLocalFile() && !file.completeBaseName().isEmpty() &&
+           PLProject::coverImageExtensions().contains(file.suffix().toLower()) && !file.isDir();
+}
+
+} // namespace
+
+void PLShelfView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    countClick(*event);
+    setFocus(Qt::MouseFocusReason);
+    setSelectedIndex(indexOfBookAtPoint(event->position()));
+}
+
+void PLShelfView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const bool isSecondClick = countClick(*event) == 2;
+    setFocus(Qt::MouseFocusReason);
+    const int index = indexOfBookAtPoint(event->position());
+    setSelectedIndex(index);
+    if (isSecondClick)
+        openBookAtIndex(index);
+}
+
+/// How many clicks have followed each other quickly. Qt calls the fourth a double click again; that one opens
+/// nothing.
+int PLShelfView::countClick(const QMouseEvent &event)
+{
+    const auto interval = quint64(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    const bool isQuick = event.timestamp() - m_lastClickTime <= interval;
+    const int least = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
+    m_clicks = qMax(least, isQuick ? m_clicks + 1 : 1);
+    m_lastClickTime = event.timestamp();
+    return m_clicks;
+}
+
+QMenu *PLShelfView::menuForPoint(const QPointF &point)
+{
+    const int index = indexOfBookAtPoint(point);
+    if (index < 0)
+        return nullptr;
+    setSelectedIndex(index);
+    return m_menu;
+}
+
+void PLShelfView::showMenuOfSelectedBook()
+{
+    const QRect book = rectForBookAtIndex(m_selectedIndex).intersected(visibleRect());
+    if (m_menu && m_selectedIndex >= 0)
+        m_menu->popup(mapToGlobal(book.isEmpty() ? visibleRect().center() : book.center()));
+}
+
+void PLShelfView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        showMenuOfSelectedBook();
+    else if (QMenu *menu = menuForPoint(event->pos()))
+        menu->popup(event->globalPos());
+}
+
+void PLShelfView::keyPressEvent(QKeyEvent *event)
+{
+    if (!performKey(*event))
+        QWidget::keyPressEvent(event);
+}
+
+/// There is no way up or down between the shelves, and no key that removes a book: that is for the menu
+/// alone.
+bool PLShelfView::performKey(const QKeyEvent &event)
+{
+    const bool hasBooks = !m_books.empty();
+    if (event.key() == Qt::Key_Right && hasBooks)
+        setSelectedIndex(qMin(m_selectedIndex + 1, int(m_books.size()) - 1));
+    else if (event.key() == Qt::Key_Left && hasBooks)
+        setSelectedIndex(qMax(m_selectedIndex - 1, 0));
+    else if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && !event.isAutoRepeat())
+        openBookAtIndex(m_selectedIndex);
+    else if (isShowMenuKey(event))
+        showMenuOfSelectedBook();
+    else
+        return event.key() == Qt::Key_Right || event.key() == Qt::Key_Left || event.key() == Qt::Key_Return ||
+               event.key() == Qt::Key_Enter;
+    return true;
+}
+
+QUrl PLShelfView::imageURLFromDrag(const QMimeData &drag)
+{
+    const QList<QUrl> urls = drag.urls();
+    const auto image = std::find_if(urls.begin(), urls.end(), isImage);
+    return image == urls.end() ? QUrl() : *image;
+}
+
+/// The book under a dragged picture gets a ring, if the picture can become its cover.
+void PLShelfView::updateDrag(QDropEvent &event)
+{
+    const bool canCopy = event.possibleActions().testFlag(Qt::CopyAction) && event.mimeData();
+    int target = -1;
+    if (canCopy && imageURLFromDrag(*event.mimeData()).isValid())
+        target = indexOfBookAtPoint(event.position());
+    if (target >= 0 && !m_books[size_t(target)].available)
+        target = -1;
+    setDropIndex(target);
+    event.setDropAction(target >= 0 ? Qt::CopyAction : Qt::IgnoreAction);
+    event.setAccepted(target >= 0);
+}
+
+void PLShelfView::setDropIndex(int index)
+{
+    if (index == m_dropIndex)
+        return;
+    updateBook(m_dropIndex);
+    m_dropIndex = index;
+    updateBook(m_dropIndex);
+}
+
+void PLShelfView::dragEnterEvent(QDragEnterEvent *event)
+{
+    updateDrag(*event);
+    event->accept(); // the drag goes on over the view, or no move would be told
+}
+
+void PLShelfView::dragMoveEvent(QDragMoveEvent *event)
+{
+    updateDrag(*event);
+}
+
+void PLShelfView::dragLeaveEvent(QDragLeaveEvent *)
+{
+    setDropIndex(-1);
+}
+
+void PLShelfView::dropEvent(QDropEvent *event)
+{
+    const int index = m_dropIndex;
+    const QUrl image = imageURLFromDrag(*event->mimeData());
+    setDropIndex(-1);
+    event->setAccepted(index >= 0 && image.isValid());
+    if (!event->isAccepted())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    const PLShelfBook book = m_books[size_t(index)]; // the delegate may give other books
+    if (m_delegate)
+        m_delegate->didDropImageAtURL(image, book);
+}

@@ -81,18 +81,24 @@ PLNotebookOperation changingMetadata()
             }};
 }
 
+/// Where a notebook is already, it is opened and keeps all it has.
+PLNotebookOperation makingNotebookAgain(const char *name, const PLDiskState &before)
+{
+    return {name, before, [](const QString &folder) -> Action {
+                return [folder](PLError *error) {
+                    return PLProject::createProjectAtURL(notebook(folder), u"Roman"_s, error) != nullptr;
+                };
+            }};
+}
+
 PLNotebookOperation makingNotebook(const char *name, const PLDiskState &before)
 {
-    PLNotebookOperation operation{name, before, [](const QString &folder) -> Action {
-                                      return [folder](PLError *error) {
-                                          return PLProject::createProjectAtURL(notebook(folder), u"Roman"_s,
-                                                                               error) != nullptr;
-                                      };
-                                  }};
+    PLNotebookOperation operation = makingNotebookAgain(name, before);
     // Not a notebook yet, or one without its first page: nothing was written that could be lost.
     operation.mayBeSeen = [](const View &view) {
         return !view.isNotebook || (view.failure.isEmpty() && view.title == u"Roman" && view.pages.empty());
     };
+    operation.isPartlySilent = true; // that page
     return operation;
 }
 
@@ -132,11 +138,14 @@ PLNotebookOperation recovering()
         .addFile("Roman/Lieux/aquilane-ABCDEFGHIJKLMNOPQRSTUV.tmp", "un lieu")
         .addFile("Roman/Livre/.aquilane-0123abcd.tmp", "half")
         .addFile("Roman/.couverture-01234567-0123-0123-0123-0123456789ab.png", "half");
-    return {"open what a crash left", before, [](const QString &folder) -> Action {
-                return [folder](PLError *error) {
-                    return PLProject::openProjectAtURL(notebook(folder), error) != nullptr;
-                };
-            }};
+    PLNotebookOperation operation{"open what a crash left", before, [](const QString &folder) -> Action {
+                                      return [folder](PLError *error) {
+                                          return PLProject::openProjectAtURL(notebook(folder), error) !=
+                                                 nullptr;
+                                      };
+                                  }};
+    operation.isPartlySilent = true;
+    return operation;
 }
 
 QList<PLNotebookOperation> pageOperations()
@@ -183,6 +192,7 @@ QList<PLNotebookOperation> notebookOperations()
         changingMetadata(),
         makingNotebook("make a notebook", PLDiskState()),
         makingNotebook("make a folder with files a notebook", folder),
+        makingNotebookAgain("make a notebook where one is", PLNotebookOnDisk()),
         covering("set a first cover", PLNotebookOnDisk()),
         covering("set a cover for one of its kind", jpg),
         covering("set a cover for one of another kind", png),

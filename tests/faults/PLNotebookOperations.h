@@ -23,6 +23,9 @@ struct PLNotebookOperation
     std::function<Action(const QString &folder)> prepare;
     /// Whether the notebook may look so while the operation is only half done; null if it must not.
     Question mayBeSeen = nullptr;
+    /// Whether a part of it may fail without a word, since it is done again at the next opening or is only a
+    /// convenience.
+    bool isPartlySilent = false;
 };
 
 /// Every operation that changes a notebook.

@@ -68,12 +68,12 @@ bool PLSaveLoop::makeNotebook()
            PLMakeFile(m_path + u"/Personnages/"_s + nameAfter(0) + u".md"_s, constantText);
 }
 
-void PLSaveLoop::run()
+void PLSaveLoop::run(int rounds)
 {
     const auto project = PLProject::openProjectAtURL(QUrl::fromLocalFile(m_path));
     const PLProjectItemPointer saved = page(savedPagePath(), PLSection::Book);
     const PLProjectItemPointer renamed = project->itemsInSection(PLSection::Characters).front();
-    for (;;) {
+    for (int round = 0; round != rounds; ++round) {
         const qint64 save = m_counts->saves.begun = m_counts->saves.done + 1;
         if (!saved->writeContents(QString::fromUtf8(pageText(save))))
             return;

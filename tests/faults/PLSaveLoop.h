@@ -22,8 +22,8 @@ public:
     PLSaveLoop &operator=(const PLSaveLoop &) = delete;
 
     [[nodiscard]] bool makeNotebook();
-    /// Runs until it is killed, or until an operation fails.
-    void run();
+    /// Runs that many rounds, or for ever; ends sooner only if an operation fails.
+    void run(int rounds = -1);
     /// Opens the notebook: empty if all is well, else what is wrong. Deletes the created pages.
     QString lookAfterKill();
 

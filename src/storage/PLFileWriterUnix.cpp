@@ -146,7 +146,11 @@ int writeFile(const QString &path, const QByteArray &data, PLWriteMode mode)
         ::unlinkat(target.folder.number(), temporary.constData(), 0);
         return failure;
     }
-    return PLFlushFolder(target.folder);
+    failure = PLFlushFolder(target.folder);
+    // A new file that was reported as failed must not be there when the writer tries again.
+    if (failure != 0 && mode == PLWriteMode::CreateNew)
+        ::unlinkat(target.folder.number(), target.name.constData(), 0);
+    return failure;
 }
 
 } // namespace

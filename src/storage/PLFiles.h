@@ -57,6 +57,9 @@ inline constexpr qint64 PLLargestFileSize = 256LL * 1024 * 1024;
 /// True if anything has this name, a dangling symbolic link too.
 bool PLSomethingExistsAt(const QString &path);
 
+/// True if there is something at the path, links followed, that is not a folder.
+bool PLFileExistsAt(const QString &path);
+
 /// The names of what a folder holds, hidden ones too, except folders and links to folders; in no order, empty
 /// if the folder cannot be read. A name that is not valid Unicode is left out, since no path could reach that
 /// file.

@@ -137,6 +137,12 @@ bool PLSomethingExistsAt(const QString &path)
     return information.exists() || information.isSymLink();
 }
 
+bool PLFileExistsAt(const QString &path)
+{
+    const QFileInfo information(path);
+    return information.exists() && !information.isDir();
+}
+
 QStringList PLFileNamesInFolder(const QString &folder)
 {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);

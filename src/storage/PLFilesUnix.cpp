@@ -91,6 +91,18 @@ int inFolder(const QByteArray &path, Call call)
     return failure == 0 ? PLFlushFolder(folder) : failure;
 }
 
+/// What is not there need not be deleted; but a folder that cannot be opened or flushed is a failure.
+int deleteFile(const PLPlace &place)
+{
+    const PLDescriptor folder = PLOpenFolder(place.folder);
+    if (!folder.isOpen())
+        return errno;
+    const int failure = PLFailureOf([&] { return ::unlinkat(folder.number(), place.name.constData(), 0); });
+    if (failure == ENOENT)
+        return 0;
+    return failure == 0 ? PLFlushFolder(folder) : failure;
+}
+
 bool isTemporaryName(const QString &name)
 {
     constexpr QStringView prefix = u".aquilane-";
@@ -146,10 +158,8 @@ bool PLReplaceFile(const QString &from, const QString &to, PLError *error)
 
 bool PLDeleteFile(const QString &path, PLError *error)
 {
-    const PLPlace place = PLPlaceOf(PLNativePath(path));
-    const int failure =
-        inFolder(place.folder, [&](int folder) { return ::unlinkat(folder, place.name.constData(), 0); });
-    return failure == 0 || failure == ENOENT || PLFail(error, PLFileError(failure));
+    const int failure = deleteFile(PLPlaceOf(PLNativePath(path)));
+    return failure == 0 || PLFail(error, PLFileError(failure));
 }
 
 bool PLCreateFolder(const QString &path, PLError *error)
@@ -163,6 +173,13 @@ bool PLSomethingExistsAt(const QString &path)
     struct stat status;
     const QByteArray native = PLNativePath(path);
     return PLFailureOf([&] { return ::lstat(native.constData(), &status); }) == 0;
+}
+
+bool PLFileExistsAt(const QString &path)
+{
+    struct stat status;
+    const QByteArray native = PLNativePath(path);
+    return PLFailureOf([&] { return ::stat(native.constData(), &status); }) == 0 && !S_ISDIR(status.st_mode);
 }
 
 QStringList PLFileNamesInFolder(const QString &folder)

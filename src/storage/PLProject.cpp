@@ -11,7 +11,6 @@
 #include "storage/PLUserName.h"
 
 #include <QDate>
-#include <QFileInfo>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
@@ -53,12 +52,6 @@ QString textOr(const QString &text, const QString &otherwise)
     return text.isEmpty() ? otherwise : text;
 }
 
-bool isFile(const QUrl &url)
-{
-    const QFileInfo information(PLStandardizedPath(url));
-    return information.exists() && !information.isDir();
-}
-
 /// An error of the program's own whose message names the folder.
 std::nullptr_t refuse(PLError *error, int code, const QString &message, const QUrl &folder)
 {
@@ -76,7 +69,7 @@ QUrl PLProject::metadataURLForFolder(const QUrl &folder)
 
 bool PLProject::isProjectFolderAtURL(const QUrl &folder)
 {
-    return isFile(metadataURLForFolder(folder));
+    return PLFileExistsAt(PLStandardizedPath(metadataURLForFolder(folder)));
 }
 
 QString PLProject::titleOfProjectAtURL(const QUrl &folder)
@@ -95,7 +88,7 @@ std::optional<PLProject::Fields> PLProject::metadataOfProjectAtURL(const QUrl &f
 std::unique_ptr<PLProject> PLProject::createProjectAtURL(const QUrl &folder, const QString &title,
                                                          PLError *error)
 {
-    if (isFile(folder))
+    if (PLFileExistsAt(PLStandardizedPath(folder)))
         return refuse(error, PLErrorRefused, u"« %@ » est un fichier, pas un dossier."_s, folder);
     if (isProjectFolderAtURL(folder))
         return openProjectAtURL(folder, error);
@@ -105,7 +98,8 @@ std::unique_ptr<PLProject> PLProject::createProjectAtURL(const QUrl &folder, con
     project->setTitle(textOr(title, project->title()));
     project->setAuthor(PLFullUserName());
     project->setCreated(QLocale::c().toString(QDate::currentDate(), u"yyyy-MM-dd"));
-    if (!project->ensureFolders(error) || !project->saveMetadata(error))
+    // A notebook that was there all the time, on a disk that failed to say so, keeps its notes.
+    if (!project->ensureFolders(error) || !project->writeMetadata(PLWriteMode::CreateNew, error))
         return nullptr;
     // The notebook is made; without its first page it is only emptier.
     if (project->itemsInSection(PLSection::Book).empty())
@@ -152,14 +146,18 @@ bool PLProject::ensureFolders(PLError *error) const
 
 bool PLProject::saveMetadata(PLError *error) const
 {
+    return writeMetadata(PLWriteMode::Replace, error);
+}
+
+bool PLProject::writeMetadata(PLWriteMode mode, PLError *error) const
+{
     const Fields fields{{u"titre"_s, m_title},
                         {u"auteur"_s, m_author},
                         {u"creation"_s, m_created},
                         {u"format"_s, u"aquilane-1"_s}};
     const QStringList keys{u"titre"_s, u"auteur"_s, u"creation"_s, u"format"_s};
     const QString text = PLFrontMatter::stringWithKeys(keys, fields, m_notes);
-    return PLWriteFile(PLStandardizedPath(metadataURLForFolder(m_folderURL)), text.toUtf8(),
-                       PLWriteMode::Replace, error);
+    return PLWriteFile(PLStandardizedPath(metadataURLForFolder(m_folderURL)), text.toUtf8(), mode, error);
 }
 
 QUrl PLProject::URLForSection(PLSection section) const

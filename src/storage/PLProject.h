@@ -88,6 +88,8 @@ public:
     [[nodiscard]] bool trashItem(const PLProjectItem &item, PLError *error = nullptr) const;
 
 private:
+    [[nodiscard]] bool writeMetadata(PLWriteMode mode, PLError *error) const;
+
     QUrl m_folderURL;
     QString m_title;
     QString m_author;

@@ -69,7 +69,7 @@ bool moveInTwoSteps(const QString &from, const QString &to, PLError *error)
         return false;
     if (PLMoveFile(temporary, to, error))
         return true;
-    (void)PLMoveFile(temporary, from); // if this fails too, the next opening of the notebook brings it back
+    (void)PLMoveFile(temporary, from); // if this fails too, the next listing or opening brings it back
     return false;
 }
 
@@ -79,6 +79,18 @@ bool movePage(const QString &from, const QString &to, PLError *error)
     return onlyCaseDiffers ? moveInTwoSteps(from, to, error) : PLMoveFile(from, to, error);
 }
 
+/// The names in a section's folder, after pages that a failing disk left in the middle of a change of case
+/// have their names back.
+QStringList namesInSection(const PLProject &project, PLSection section)
+{
+    const QString folder = PLStandardizedPath(project.URLForSection(section));
+    const QStringList names = PLFileNamesInFolder(folder);
+    if (std::none_of(names.begin(), names.end(), PLIsTemporaryNameForRename))
+        return names;
+    PLRecoverRenames(project, section);
+    return PLFileNamesInFolder(folder);
+}
+
 } // namespace
 
 std::vector<PLProjectItemPointer> PLProject::itemsInSection(PLSection section) const
@@ -86,7 +98,7 @@ std::vector<PLProjectItemPointer> PLProject::itemsInSection(PLSection section) c
     const QString prefix = PLStandardizedPath(URLForSection(section)) + u'/';
     const PLTitleComparer comparer(PLLocalization::localeIdentifier());
     std::vector<ListedPage> pages;
-    const QStringList names = PLFileNamesInFolder(prefix);
+    const QStringList names = namesInSection(*this, section);
     pages.reserve(size_t(names.size()));
     for (const QString &name : names) {
         if (!isPageName(name))
@@ -132,6 +144,8 @@ PLProjectItemPointer PLProject::createItemInSection(PLSection section, const QSt
 bool PLProject::renameItem(PLProjectItem &item, const QString &title, PLError *error) const
 {
     const QString from = PLStandardizedPath(item.fileURL());
+    if (!PLSomethingExistsAt(from))
+        PLRecoverRenames(*this, item.section());
     const QUrl folder = QUrl::fromLocalFile(from.first(from.lastIndexOf(u'/') + 1));
     const QUrl url =
         PLAvailableURL(folder, PLSanitizedFileName(title), item.number(), item.section(), item.fileURL());

@@ -53,17 +53,12 @@ void giveNameBack(const QString &path, const QString &oldName, const PLProject &
         moveToFreeName(path, oldName, project, section);
 }
 
-void recoverSection(const PLProject &project, PLSection section)
+/// With the encoded old name as the first group.
+const PLPattern &temporaryNamePattern()
 {
     static const std::optional<PLPattern> pattern =
         PLPattern::compiled(u"^aquilane-[A-Za-z0-9_-]{22}(?:\\.([A-Za-z0-9_-]+))?\\.tmp$"_s);
-    const QString folder = PLStandardizedPath(project.URLForSection(section));
-    PLSweepTemporaryFiles(folder);
-    const QStringList names = PLFileNamesInFolder(folder);
-    for (const QString &name : names) {
-        if (const std::optional<QStringList> groups = pattern->firstMatch(name))
-            giveNameBack(folder + u'/' + name, nameWrittenInto(groups->at(1)), project, section);
-    }
+    return *pattern;
 }
 
 /// Only what PLTemporaryPathForCover can have named.
@@ -100,10 +95,27 @@ QString PLTemporaryPathForCover(const QString &folder, const QString &extension)
            extension;
 }
 
+bool PLIsTemporaryNameForRename(const QString &fileName)
+{
+    return fileName.startsWith(u"aquilane-") && temporaryNamePattern().firstMatch(fileName).has_value();
+}
+
+void PLRecoverRenames(const PLProject &project, PLSection section)
+{
+    const QString folder = PLStandardizedPath(project.URLForSection(section));
+    const QStringList names = PLFileNamesInFolder(folder);
+    for (const QString &name : names) {
+        if (const std::optional<QStringList> groups = temporaryNamePattern().firstMatch(name))
+            giveNameBack(folder + u'/' + name, nameWrittenInto(groups->at(1)), project, section);
+    }
+}
+
 void PLRecoverNotebook(const PLProject &project)
 {
     PLSweepTemporaryFiles(PLStandardizedPath(project.folderURL()));
     sweepUnfinishedCovers(PLStandardizedPath(project.folderURL()));
-    for (const PLSection section : PLAllSections)
-        recoverSection(project, section);
+    for (const PLSection section : PLAllSections) {
+        PLSweepTemporaryFiles(PLStandardizedPath(project.URLForSection(section)));
+        PLRecoverRenames(project, section);
+    }
 }

@@ -48,23 +48,28 @@ int look(const QByteArray &path, Doomed &file)
     const std::unique_ptr<char, decltype(&std::free)> folder(::realpath(place.folder.constData(), nullptr),
                                                              &std::free);
     struct stat status;
-    if (!folder || ::stat(folder.get(), &status) != 0)
+    if (!folder)
         return errno;
+    if (const int failure = PLFailureOf([&] { return ::stat(folder.get(), &status); }))
+        return failure;
     file = {QByteArray(folder.get()), place.name, status.st_dev};
-    return ::lstat(joined(file.folder, file.name).constData(), &status) == 0 ? 0 : errno;
+    const QByteArray whole = joined(file.folder, file.name);
+    return PLFailureOf([&] { return ::lstat(whole.constData(), &status); });
 }
 
-bool isOnDisk(const QByteArray &folder, dev_t disk)
+/// 0 if the folder is on this disk, EXDEV if it is on another one.
+int lookForDisk(const QByteArray &folder, dev_t disk)
 {
     struct stat status;
-    return ::stat(folder.constData(), &status) == 0 && status.st_dev == disk;
+    const int failure = PLFailureOf([&] { return ::stat(folder.constData(), &status); });
+    return failure != 0 || status.st_dev == disk ? failure : EXDEV;
 }
 
 /// The folder where the file's disk is mounted.
 QByteArray topFolder(const Doomed &file)
 {
     QByteArray top = file.folder;
-    while (top != "/" && isOnDisk(PLPlaceOf(top).folder, file.disk))
+    while (top != "/" && lookForDisk(PLPlaceOf(top).folder, file.disk) == 0)
         top = PLPlaceOf(top).folder;
     return top;
 }
@@ -73,7 +78,7 @@ QByteArray topFolder(const Doomed &file)
 bool isTrueFolder(const QByteArray &path, mode_t wanted, bool isOwn)
 {
     struct stat status;
-    return ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+    return PLFailureOf([&] { return ::lstat(path.constData(), &status); }) == 0 && S_ISDIR(status.st_mode) &&
            (status.st_mode & wanted) == wanted && (!isOwn || status.st_uid == ::getuid());
 }
 
@@ -154,8 +159,8 @@ bool moveIntoHomeTrash(const Doomed &file, PLError *error)
     const QByteArray path = joined(PLNativePath(data), "Trash");
     if (const int failure = PLMakeFolders(path, 0700))
         return PLFail(error, PLFileError(failure));
-    if (!isOnDisk(path, file.disk))
-        return PLFail(error, PLFileError(EXDEV));
+    if (const int failure = lookForDisk(path, file.disk))
+        return PLFail(error, PLFileError(failure));
     return moveInto(file, {path, QByteArray()}, error);
 }
 

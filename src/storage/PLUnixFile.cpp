@@ -17,7 +17,7 @@ namespace {
 bool isFolder(const QByteArray &path)
 {
     struct stat status;
-    return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+    return PLFailureOf([&] { return ::stat(path.constData(), &status); }) == 0 && S_ISDIR(status.st_mode);
 }
 
 /// For file systems that cannot refuse to replace in one step.

@@ -49,17 +49,21 @@ private:
     int m_number;
 };
 
-/// Makes a system call again as long as a signal interrupts it.
+/// How often a call that a signal interrupts is made again. Some network disks answer so for ever once their
+/// server has gone; an error can then be told, where a loop without end would take the unsaved text with it.
+inline constexpr int PLMostRetries = 10'000;
+
+/// Makes a system call again when a signal interrupts it.
 template <typename Call>
 auto PLRetried(Call call)
 {
     auto result = call();
-    while (result < 0 && errno == EINTR)
+    for (int retries = 0; result < 0 && errno == EINTR && retries < PLMostRetries; ++retries)
         result = call();
     return result;
 }
 
-/// Makes a call that answers 0 for success, and again as long as a signal interrupts it.
+/// Makes a call that answers 0 for success, and again when a signal interrupts it.
 template <typename Call>
 int PLFailureOf(Call call)
 {

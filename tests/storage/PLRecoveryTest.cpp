@@ -41,6 +41,8 @@ private Q_SLOTS:
     void everySectionIsLookedAt();
     void unfinishedWritesAreSwept();
     void recoveringTwiceChangesNothingMore();
+    void aListingGivesAPageItsNameBack();
+    void aRenameFindsThePageUnderItsTemporaryName();
 
 private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -169,6 +171,27 @@ void PLRecoveryTest::unfinishedWritesAreSwept()
     QVERIFY(QFile::exists(path(u"Photos/"_s + name)));
     for (const PLSection section : PLAllSections)
         QCOMPARE(PLNamesIn(path(PLProject::folderNameForSection(section))), QStringList{});
+}
+
+/// As when the disk has failed in the middle of a change of case and works again: the notebook stays open.
+void PLRecoveryTest::aListingGivesAPageItsNameBack()
+{
+    const PLProject project(QUrl::fromLocalFile(m_folder->path()));
+    QVERIFY(PLMakeFile(path(u"Lieux/"_s + leftOver("port.md")), "quai"));
+    const std::vector<PLProjectItemPointer> items = project.itemsInSection(PLSection::Places);
+    QCOMPARE(items.size(), size_t(1));
+    QCOMPARE(items.front()->title(), u"port"_s);
+    QCOMPARE(PLBytesOf(path(u"Lieux/port.md"_s)), "quai");
+}
+
+void PLRecoveryTest::aRenameFindsThePageUnderItsTemporaryName()
+{
+    const PLProject project(QUrl::fromLocalFile(m_folder->path()));
+    QVERIFY(PLMakeFile(path(u"Lieux/"_s + leftOver("port.md")), "quai"));
+    const PLProjectItemPointer item =
+        PLProjectItem::itemWithURL(QUrl::fromLocalFile(path(u"Lieux/port.md"_s)), PLSection::Places);
+    QVERIFY(project.renameItem(*item, u"Port"_s));
+    QCOMPARE(PLNamesIn(path(u"Lieux"_s)), QStringList{u"Port.md"_s});
 }
 
 void PLRecoveryTest::recoveringTwiceChangesNothingMore()

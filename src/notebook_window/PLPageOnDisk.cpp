@@ -20,7 +20,7 @@ QByteArray fingerprintOf(const QByteArray &bytes)
 
 std::optional<QByteArray> bytesOf(const PLProjectItem &item, PLError *error = nullptr)
 {
-    return PLReadFile(PLStandardizedPath(item.fileURL()), error);
+    return PLReadFile(item.path(), error);
 }
 
 } // namespace
@@ -42,7 +42,7 @@ std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item, 
         return std::nullopt;
     PLError failure;
     std::optional<QByteArray> bytes = bytesOf(item, &failure);
-    if (!bytes && PLSomethingExistsAt(PLStandardizedPath(item.fileURL())))
+    if (!bytes && PLSomethingExistsAt(item.path()))
         PLFail(error, failure);
     if (!bytes || fingerprintOf(*bytes) == m_fingerprint)
         return std::nullopt;
@@ -51,7 +51,7 @@ std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item, 
 
 PLProjectItemPointer PLKeepBesidePage(const PLProjectItem &item, const QByteArray &bytes, PLError *error)
 {
-    const QString path = PLStandardizedPath(item.fileURL());
+    const QString path = item.path();
     const QUrl folder = QUrl::fromLocalFile(path.first(path.lastIndexOf(u'/') + 1));
     PLError failure;
     for (int tries = 0; tries < mostNamesTried; ++tries) {

@@ -88,23 +88,12 @@ PLSidebarPage *PLSidebarTree::sectionItemForURL(const QUrl &fileURL) const
 {
     if (fileURL.isEmpty())
         return nullptr;
-    // Nearly always it is the very same URL; to standardise the paths of all pages takes far longer.
-    if (PLSidebarPage *page =
-            firstPage([&fileURL](const PLProjectItem &item) { return item.fileURL() == fileURL; }))
-        return page;
     const QString path = PLStandardizedPath(fileURL);
-    return firstPage(
-        [&path](const PLProjectItem &item) { return PLStandardizedPath(item.fileURL()) == path; });
-}
-
-/// In the order of the sections and of their pages; null if there is none.
-PLSidebarPage *PLSidebarTree::firstPage(const std::function<bool(const PLProjectItem &)> &isWanted) const
-{
     for (const PLSection number : PLAllSections) {
         const PLSidebarSection *sectionNode = section(number);
         for (size_t index = 0; sectionNode && index < sectionNode->children().size(); ++index) {
             auto *page = static_cast<PLSidebarPage *>(sectionNode->children()[index].get());
-            if (isWanted(*page->item))
+            if (page->item->path() == path)
                 return page;
         }
     }

@@ -8,7 +8,6 @@
 #include <QStringList>
 #include <QUrl>
 
-#include <functional>
 
 class PLProject;
 
@@ -42,7 +41,6 @@ public:
 private:
     class Root;
 
-    PLSidebarPage *firstPage(const std::function<bool(const PLProjectItem &)> &isWanted) const;
     void buildTagSectionFromSections();
 
     std::unique_ptr<Root> m_root;

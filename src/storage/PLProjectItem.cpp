@@ -108,8 +108,13 @@ bool opensWithFence(QByteArrayView bytes)
 
 PLProjectItemPointer PLProjectItem::itemWithURL(const QUrl &fileURL, PLSection section)
 {
+    return itemWithPath(PLStandardizedPath(fileURL), section);
+}
+
+PLProjectItemPointer PLProjectItem::itemWithPath(const QString &path, PLSection section)
+{
     const PLProjectItemPointer item(new PLProjectItem(section));
-    item->setFileURL(fileURL);
+    item->setPath(path);
     return item;
 }
 
@@ -147,7 +152,7 @@ QString PLProjectItem::stringFromTags(const QStringList &tags)
 
 QString PLProjectItem::readContents(PLError *error) const
 {
-    const std::optional<QByteArray> bytes = PLReadFile(PLStandardizedPath(m_fileURL), error);
+    const std::optional<QByteArray> bytes = PLReadFile(m_path, error);
     if (!bytes)
         return QString();
     const std::optional<QString> text = PLDecodedText(*bytes, error);
@@ -158,14 +163,13 @@ QString PLProjectItem::readContents(PLError *error) const
 
 bool PLProjectItem::writeContents(const QString &text, PLError *error, PLWriteMode mode) const
 {
-    return PLWriteFile(PLStandardizedPath(m_fileURL), text.toUtf8(), mode, error);
+    return PLWriteFile(m_path, text.toUtf8(), mode, error);
 }
 
 QStringList PLProjectItem::readTags() const
 {
-    const QString path = m_fileURL.toLocalFile();
     for (qint64 limit = firstChunk;; limit *= chunkGrowth) {
-        const std::optional<QByteArray> bytes = PLReadFile(path, nullptr, limit);
+        const std::optional<QByteArray> bytes = PLReadFile(m_path, nullptr, limit);
         if (!bytes)
             return {};
         if (hasUTF16Mark(*bytes))
@@ -184,13 +188,17 @@ bool PLProjectItem::isSameFileAsItem(const PLProjectItem *other) const
 {
     if (!other)
         return false;
-    return this == other || PLStandardizedPath(m_fileURL) == PLStandardizedPath(other->m_fileURL);
+    return this == other || m_path == other->m_path;
 }
 
 void PLProjectItem::setFileURL(const QUrl &fileURL)
 {
-    m_fileURL = fileURL;
-    const QString path = PLStandardizedPath(fileURL);
+    setPath(PLStandardizedPath(fileURL));
+}
+
+void PLProjectItem::setPath(const QString &path)
+{
+    m_path = path;
     const QString name = withoutExtension(path.sliced(path.lastIndexOf(u'/') + 1));
     const NumberedTitle derived = m_section == PLSection::Book ? numberedTitle(name) : NumberedTitle{0, name};
     m_number = derived.number;

@@ -21,6 +21,9 @@ public:
     /// A page whose fields are derived from the file name. Nothing is read.
     static std::shared_ptr<PLProjectItem> itemWithURL(const QUrl &fileURL, PLSection section);
 
+    /// The same by its path, in the form of PLStandardizedPath. A listing makes thousands: no URL is made here.
+    static std::shared_ptr<PLProjectItem> itemWithPath(const QString &path, PLSection section);
+
     /// "03 - La fuite.md" for a numbered page of the book, else "La fuite.md". The title is used as it is.
     static QString fileNameForTitle(const QString &title, qint64 number, PLSection section);
 
@@ -29,7 +32,9 @@ public:
     static QStringList tagsFromString(const QString &text);
     static QString stringFromTags(const QStringList &tags);
 
-    QUrl fileURL() const { return m_fileURL; }
+    QUrl fileURL() const { return QUrl::fromLocalFile(m_path); }
+    /// The file's path in the form of PLStandardizedPath: what files are compared by.
+    const QString &path() const { return m_path; }
     PLSection section() const { return m_section; }
     /// The chapter number; 0 for none, and always 0 outside the book.
     qint64 number() const { return m_number; }
@@ -55,7 +60,9 @@ public:
 private:
     explicit PLProjectItem(PLSection section) : m_section(section) {}
 
-    QUrl m_fileURL;
+    void setPath(const QString &path);
+
+    QString m_path;
     PLSection m_section;
     qint64 m_number = 0;
     QString m_title;

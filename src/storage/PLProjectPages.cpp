@@ -103,8 +103,7 @@ std::vector<PLProjectItemPointer> PLProject::itemsInSection(PLSection section) c
     for (const QString &name : names) {
         if (!isPageName(name))
             continue;
-        const PLProjectItemPointer item =
-            PLProjectItem::itemWithURL(QUrl::fromLocalFile(prefix + name), section);
+        const PLProjectItemPointer item = PLProjectItem::itemWithPath(prefix + name, section);
         pages.push_back({item, comparer.sortKey(item->title()), name});
     }
     std::sort(pages.begin(), pages.end(), comesBefore);
@@ -143,7 +142,7 @@ PLProjectItemPointer PLProject::createItemInSection(PLSection section, const QSt
 
 bool PLProject::renameItem(PLProjectItem &item, const QString &title, PLError *error) const
 {
-    const QString from = PLStandardizedPath(item.fileURL());
+    const QString from = item.path();
     if (!PLSomethingExistsAt(from))
         PLRecoverRenames(*this, item.section());
     const QUrl folder = QUrl::fromLocalFile(from.first(from.lastIndexOf(u'/') + 1));
@@ -158,7 +157,7 @@ bool PLProject::renameItem(PLProjectItem &item, const QString &title, PLError *e
 
 bool PLProject::trashItem(const PLProjectItem &item, PLError *error) const
 {
-    if (PLMoveToTrash(PLStandardizedPath(item.fileURL())))
+    if (PLMoveToTrash(item.path()))
         return true;
     const QString message = PLLocalizedString(u"Impossible de mettre « %@ » à la corbeille."_s);
     return PLFail(error, {PLApplicationErrorDomain, PLErrorRefused, PLFormat(message, {item.title()})});

@@ -52,11 +52,13 @@ private:
 
     bool skipBetween(QStringView opening, QStringView closing)
     {
-        if (!m_line.sliced(m_at).startsWith(opening))
+        if (m_missing.contains(closing) || !m_line.sliced(m_at).startsWith(opening))
             return false;
         const qsizetype end = m_line.indexOf(closing, m_at + opening.size());
         if (end >= 0)
             m_at = end + closing.size();
+        else
+            m_missing.append(closing);
         return end >= 0;
     }
 
@@ -155,6 +157,7 @@ private:
 
     QStringView m_line;
     QList<PLTextRange> m_words;
+    QList<QStringView> m_missing; ///< closings that stand nowhere in the rest of the line
     qsizetype m_at = 0;
     qsizetype m_runEnd = 0;
     qsizetype m_addressStart = -1;

@@ -3,6 +3,7 @@
 
 #include "platform/PLSpellWords.h"
 
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -16,6 +17,8 @@ private Q_SLOTS:
     void wordsAreFoundBetweenEverythingElse_data();
     void wordsAreFoundBetweenEverythingElse();
     void wordsOfAnyTextAreInOrderAndInside();
+    void aVeryLongLineTakesNoTime_data();
+    void aVeryLongLineTakesNoTime();
 };
 
 void PLSpellWordsTest::wordsAreFoundBetweenEverythingElse_data()
@@ -81,6 +84,32 @@ void PLSpellWordsTest::wordsOfAnyTextAreInOrderAndInside()
             end = range.end();
         }
     }
+}
+
+void PLSpellWordsTest::aVeryLongLineTakesNoTime_data()
+{
+    QTest::addColumn<QString>("piece");
+    for (const QString &piece : {u"[["_s, u"]("_s, u"`"_s, u"[["_s + u"]( "_s, u"a://"_s, u"a@"_s, u"www."_s,
+                                 u"a-"_s, u"mot "_s, u"`]("_s})
+        QTest::newRow(qPrintable(piece)) << piece;
+}
+
+/// The time grows as the line does: eight times the line may take no more than thirty times as long.
+void PLSpellWordsTest::aVeryLongLineTakesNoTime()
+{
+    QFETCH(QString, piece);
+    const auto nanoseconds = [&piece](int count) {
+        const QString line = piece.repeated(count);
+        QElapsedTimer timer;
+        timer.start();
+        PLSpellWords(line);
+        return timer.nsecsElapsed();
+    };
+    nanoseconds(1000);
+    const qint64 shortLine = nanoseconds(20'000);
+    const qint64 longLine = nanoseconds(160'000);
+    QVERIFY2(longLine < 30 * shortLine + 20'000'000,
+             qPrintable(u"%1 ms, %2 ms"_s.arg(shortLine / 1e6).arg(longLine / 1e6)));
 }
 
 QTEST_APPLESS_MAIN(PLSpellWordsTest)

@@ -11,7 +11,7 @@
 namespace {
 
 /// How much of the light a blurred edge takes away at a distance inside it: the integral of a bell that ends
-/// at `blur` and has, within a tenth, the deviation of a Gaussian of half that radius.
+/// at `blur` and is nearly the Gaussian with half of it for its deviation.
 double covered(double distance, double blur)
 {
     const double part = qBound(0.0, (distance + blur) / (2 * blur), 1.0);
@@ -50,7 +50,7 @@ QImage PLBookShadow::picture(const QSize &pixels, double scale) const
         auto *row = reinterpret_cast<QRgb *>(image.scanLine(y));
         const double darkness = 255 * alpha * down[size_t(y)];
         for (int x = 0; x < image.width(); ++x)
-            row[x] = qRgba(0, 0, 0, int(darkness * across[size_t(x)] + 0.5));
+            row[x] = qRgba(0, 0, 0, qRound(darkness * across[size_t(x)]));
     }
     return image;
 }

@@ -29,7 +29,19 @@ QColor toned(Qt::GlobalColor tone, double alpha)
     return color;
 }
 
-/// A picture of half the size, each pixel the mean of four. An odd last row or column is left out.
+/// The mean of two pixels and the two below them.
+QRgb meanOf(const QRgb *above, const QRgb *below)
+{
+    const auto mean = [=](int shift) {
+        quint32 sum = 2; // to the nearest
+        for (const QRgb pixel : {above[0], above[1], below[0], below[1]})
+            sum += pixel >> shift & 0xFFU;
+        return sum / 4 << shift;
+    };
+    return mean(24) | mean(16) | mean(8) | mean(0);
+}
+
+/// A picture of half the size. An odd last row or column is left out.
 QImage halved(const QImage &picture)
 {
     QImage half(picture.width() / 2, picture.height() / 2, picture.format());
@@ -37,16 +49,8 @@ QImage halved(const QImage &picture)
         const auto *above = reinterpret_cast<const QRgb *>(picture.constScanLine(2 * y));
         const auto *below = reinterpret_cast<const QRgb *>(picture.constScanLine(2 * y + 1));
         auto *row = reinterpret_cast<QRgb *>(half.scanLine(y));
-        for (int x = 0; x < half.width(); ++x) {
-            const QRgb four[] = {above[2 * x], above[2 * x + 1], below[2 * x], below[2 * x + 1]};
-            const auto mean = [&four](int shift) {
-                quint32 sum = 2;
-                for (const QRgb pixel : four)
-                    sum += pixel >> shift & 0xFFU;
-                return sum / 4 << shift;
-            };
-            row[x] = mean(24) | mean(16) | mean(8) | mean(0);
-        }
+        for (int x = 0; x < half.width(); ++x, above += 2, below += 2)
+            row[x] = meanOf(above, below);
     }
     return half;
 }

@@ -68,7 +68,7 @@ QImage spinePicture(const PLShelfBook &book, const QSize &spine, const QSize &pi
                      roundedBack(PLBookAppearance::colorForBook(book), spine.width()));
     paintBands(painter, spine);
     painter.resetTransform();
-    const QImage title = titlePicture(book.title, spine.height() - 2 * titleMargin, scale);
+    const QImage title = titlePicture(PLDrawableText(book.title), spine.height() - 2 * titleMargin, scale);
     painter.drawImage(around.left() + (pixels.width() - title.width()) / 2,
                       around.top() + (pixels.height() - title.height()) / 2, title);
     return picture;

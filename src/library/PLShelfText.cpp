@@ -120,13 +120,14 @@ void PLDrawShelfText(PLShelfCanvas &canvas, PLShelfText style, const QString &te
 {
     if (box.isEmpty() || text.isEmpty())
         return;
+    const QString drawable = style == PLShelfText::EmptyMessage ? text : PLDrawableText(text);
     const PLSpriteKey key{.kind = PLSpriteKey::Kind::Text,
                           .style = int(style),
-                          .text = text,
+                          .text = drawable,
                           .size = box.size(),
                           .scale = canvas.scale()};
-    const QImage picture =
-        canvas.sprites().sprite(key, [&] { return textPicture(style, text, box.size(), canvas.scale()); });
+    const QImage picture = canvas.sprites().sprite(
+        key, [&] { return textPicture(style, drawable, box.size(), canvas.scale()); });
     canvas.drawSprite(box, picture, QPoint(qRound(overhang * canvas.scale()), 0));
 }
 
@@ -138,9 +139,8 @@ void PLPaintShelfText(QPainter &painter, PLShelfText style, const QString &text,
         painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, text);
         return;
     }
-    const QString drawable = PLDrawableText(text);
     if (style == PLShelfText::CoverTitle)
-        paintLines(painter, drawable, box);
+        paintLines(painter, text, box);
     else
-        paintLastLine(painter, drawable, box);
+        paintLastLine(painter, text, box);
 }

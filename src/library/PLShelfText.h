@@ -21,5 +21,5 @@ QString PLDrawableText(const QString &text);
 /// title of a cover on as many as fit, the message on all of its own.
 void PLDrawShelfText(PLShelfCanvas &canvas, PLShelfText style, const QString &text, const QRect &box);
 
-/// The same with a painter that counts in points; a spine's title stands in the middle of its box.
+/// The same, for a drawable text, with a painter that counts in points.
 void PLPaintShelfText(QPainter &painter, PLShelfText style, const QString &text, const QRectF &box);

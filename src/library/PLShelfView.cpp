@@ -44,7 +44,7 @@ void PLShelfView::setBooks(std::vector<PLShelfBook> books)
     const bool isNew = !std::equal(books.begin(), books.end(), m_books.begin(), m_books.end(), readAlike);
     m_books = std::move(books);
     m_selectedIndex = qMin(m_selectedIndex, int(m_books.size()) - 1);
-    if (m_dropIndex >= int(m_books.size()))
+    if (!canTakeCover(m_dropIndex))
         m_dropIndex = -1;
     layoutBooks();
     if (!isNew)
@@ -206,6 +206,14 @@ void PLShelfView::moveEvent(QMoveEvent *event)
     }
 }
 
+/// Where a scroll area scrolls to when the focus leaves it: nowhere. By itself it would go to the middle of
+/// the view.
+QVariant PLShelfView::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    return query == Qt::ImCursorRectangle ? QRect(visibleRect().center(), QSize(1, 1))
+                                          : QWidget::inputMethodQuery(query);
+}
+
 void PLShelfView::showEvent(QShowEvent *)
 {
     if (m_scrollsWhenShown)
@@ -219,7 +227,7 @@ void PLShelfView::hideEvent(QHideEvent *)
 
 void PLShelfView::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::FontChange)
         m_sprites.clear();
     QWidget::changeEvent(event);
 }

@@ -65,6 +65,8 @@ public:
     /// What of the view is in sight.
     QRect visibleRect() const;
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
     /// The book that a picture is being dragged over, -1 for none.
     int dropIndex() const { return m_dropIndex; }
     /// The first picture among the dragged files; an empty URL for none.
@@ -98,6 +100,7 @@ private:
 
     int clickBook(const QMouseEvent &event);
     bool performKey(const QKeyEvent &event);
+    bool canTakeCover(int index) const;
     void updateDrag(QDropEvent &event);
     void setDropIndex(int index);
 

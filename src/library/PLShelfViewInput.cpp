@@ -91,22 +91,27 @@ void PLShelfView::keyPressEvent(QKeyEvent *event)
 }
 
 /// There is no way up or down between the shelves, and no key that removes a book: that is for the menu
-/// alone.
+/// alone. What has no effect now is not passed on either.
 bool PLShelfView::performKey(const QKeyEvent &event)
 {
-    const bool hasBooks = !m_books.empty();
-    if (event.key() == Qt::Key_Right && hasBooks)
+    switch (event.key()) {
+    case Qt::Key_Right:
         setSelectedIndex(qMin(m_selectedIndex + 1, int(m_books.size()) - 1));
-    else if (event.key() == Qt::Key_Left && hasBooks)
+        return true;
+    case Qt::Key_Left:
         setSelectedIndex(qMax(m_selectedIndex - 1, 0));
-    else if ((event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && !event.isAutoRepeat())
-        openBookAtIndex(m_selectedIndex);
-    else if (isShowMenuKey(event))
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!event.isAutoRepeat())
+            openBookAtIndex(m_selectedIndex);
+        return true;
+    default:
+        break;
+    }
+    if (isShowMenuKey(event))
         showMenuOfSelectedBook();
-    else
-        return event.key() == Qt::Key_Right || event.key() == Qt::Key_Left || event.key() == Qt::Key_Return ||
-               event.key() == Qt::Key_Enter;
-    return true;
+    return isShowMenuKey(event);
 }
 
 QUrl PLShelfView::imageURLFromDrag(const QMimeData &drag)
@@ -116,6 +121,11 @@ QUrl PLShelfView::imageURLFromDrag(const QMimeData &drag)
     return image == urls.end() ? QUrl() : *image;
 }
 
+bool PLShelfView::canTakeCover(int index) const
+{
+    return index >= 0 && index < int(m_books.size()) && m_books[size_t(index)].available;
+}
+
 /// The book under a dragged picture gets a ring, if the picture can become its cover.
 void PLShelfView::updateDrag(QDropEvent &event)
 {
@@ -123,7 +133,7 @@ void PLShelfView::updateDrag(QDropEvent &event)
     int target = -1;
     if (canCopy && imageURLFromDrag(*event.mimeData()).isValid())
         target = indexOfBookAtPoint(event.position());
-    if (target >= 0 && !m_books[size_t(target)].available)
+    if (!canTakeCover(target))
         target = -1;
     setDropIndex(target);
     event.setDropAction(target >= 0 ? Qt::CopyAction : Qt::IgnoreAction);

@@ -78,10 +78,11 @@ QColor plankColor(double depth)
         double red, green, blue;
     };
     static constexpr Stop stops[] = {{0, 196, 146, 94}, {0.45, 164, 112, 66}, {1, 128, 84, 46}};
-    const Stop &from = stops[depth < stops[1].depth ? 0 : 1];
-    const Stop &to = (&from)[1];
+    const size_t first = depth < stops[1].depth ? 0 : 1;
+    const Stop &from = stops[first];
+    const Stop &to = stops[first + 1];
     const double part = (depth - from.depth) / (to.depth - from.depth);
-    const auto mix = [part](double first, double second) { return qRound(first + (second - first) * part); };
+    const auto mix = [part](double start, double end) { return qRound(start + (end - start) * part); };
     return QColor(mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue));
 }
 

@@ -31,7 +31,7 @@ size_t qHash(const PLSpriteKey &key, size_t seed = 0);
 class PLSpriteCache final
 {
 public:
-    static constexpr int kilobytes = 32 * 1024; ///< a screen of 4K at scale 2 takes about 26 MB
+    static constexpr int kilobytes = 48 * 1024; ///< a 4K screen full of spines at scale 2 takes about 35 MB
 
     /// The picture of this key, drawn now if it isn't kept.
     QImage sprite(const PLSpriteKey &key, const std::function<QImage()> &draw);

@@ -30,19 +30,21 @@ public:
     void shelfViewSelectionDidChange(PLShelfView &view) override { selections.append(view.selectedIndex()); }
     void openBook(const PLShelfBook &book) override
     {
+        if (whenTold)
+            whenTold();
         opened.append(book.title);
-        if (whenOpening)
-            whenOpening();
     }
     void didDropImageAtURL(const QUrl &image, const PLShelfBook &book) override
     {
+        if (whenTold)
+            whenTold();
         dropped.append(image.fileName() + QStringLiteral(" on ") + book.title);
     }
 
     QList<int> selections;
     QStringList opened;
     QStringList dropped;
-    std::function<void()> whenOpening;
+    std::function<void()> whenTold; ///< done before the book is looked at
 };
 
 /// A shelf in a scroll area that has it laid out whenever its viewport has another size.

@@ -7,8 +7,10 @@
 #include "support/PLTestEnvironment.h"
 
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QScreen>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +33,7 @@ private Q_SLOTS:
     void selectingScrollsTheBookIntoSight();
     void turningTheSpinesOutKeepsTheSelectionInSight();
     void aSelectionMadeWhileHiddenIsInSightWhenShown();
+    void leavingByTabDoesNotScroll();
     void aDragTargetThatIsGoneIsForgotten();
     void scrollingPaintsWhatPaintingAnewWould();
 
@@ -105,8 +108,8 @@ void PLShelfViewTest::growingBackTakesTheScrollBarAway()
 void PLShelfViewTest::everySizeSettles()
 {
     PLShelfStage stage(12);
-    for (int width = 560; width < 1200; width += 7) {
-        for (int height = 440; height < 800; height += 35) {
+    for (int width = 560; width < 1200; width += 29) {
+        for (int height = 440; height < 800; height += 60) {
             stage.area.resize(width, height);
             stage.settle();
             const QSize seen = stage.area.viewport()->size();
@@ -225,6 +228,26 @@ void PLShelfViewTest::aSelectionMadeWhileHiddenIsInSightWhenShown()
     QVERIFY(stage.shelf->visibleRect().contains(stage.shelf->rectForBookAtIndex(79)));
 }
 
+void PLShelfViewTest::leavingByTabDoesNotScroll()
+{
+    PLShelfStage stage(60);
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(&stage.area);
+    layout->addWidget(new QLineEdit);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    stage.shelf->setSelectedIndex(0);
+    for (const int value : {0, 17, 900}) {
+        stage.area.verticalScrollBar()->setValue(value);
+        stage.shelf->setFocus();
+        stage.press(Qt::Key_Tab);
+        QVERIFY(!stage.shelf->hasFocus());
+        QCOMPARE(stage.area.verticalScrollBar()->value(), value);
+    }
+    stage.area.setParent(nullptr); // it belongs to the stage
+}
+
 void PLShelfViewTest::aDragTargetThatIsGoneIsForgotten()
 {
     const PLShelfStage stage(2);
@@ -234,6 +257,14 @@ void PLShelfViewTest::aDragTargetThatIsGoneIsForgotten()
     QApplication::sendEvent(stage.shelf, &enter);
     QCOMPARE(stage.shelf->dropIndex(), 1);
     stage.shelf->setBooks(PLTestBooks(1));
+    QCOMPARE(stage.shelf->dropIndex(), -1);
+
+    stage.shelf->setBooks(PLTestBooks(2));
+    QApplication::sendEvent(stage.shelf, &enter);
+    QCOMPARE(stage.shelf->dropIndex(), 1);
+    std::vector<PLShelfBook> books = PLTestBooks(2);
+    books[1].available = false;
+    stage.shelf->setBooks(books);
     QCOMPARE(stage.shelf->dropIndex(), -1);
 }
 

@@ -36,8 +36,8 @@ class PLPictureFile final : public QFile
 public:
     using QFile::QFile;
 
-    /// Begins to watch. A reader that asks for what it needs gets less then; one that fills a buffer gets less
-    /// at every end, and nothing when it asks beyond.
+    /// Begins to watch. A reader that asks for what it needs gets less then; one that fills a buffer gets
+    /// less at every end, and nothing when it asks beyond.
     void watch(bool asksForWhatItNeeds)
     {
         m_asksForWhatItNeeds = asksForWhatItNeeds;

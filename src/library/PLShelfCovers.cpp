@@ -12,6 +12,9 @@
 
 namespace {
 
+/// Between two pictures, in milliseconds: what has been drawn gets to the screen, and keys and clicks get in.
+constexpr int pauseBetween = 16;
+
 /// What a book wears until its picture has been read: its cloth without a word, since the title would only be
 /// seen to vanish. One image for each colour, so that they are drawn once.
 QImage clothOfBook(const PLShelfBook &book)
@@ -54,7 +57,7 @@ void PLShelfCovers::setBooks(std::vector<PLShelfBook> books)
 bool PLShelfCovers::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Paint && isLoading() && !m_timer.isActive())
-        m_timer.start(0, this); // after what is being drawn has gone to the screen
+        m_timer.start(pauseBetween, this);
     return QObject::eventFilter(watched, event);
 }
 

@@ -15,7 +15,7 @@ namespace {
 constexpr double radius = 5;
 constexpr int sideMargin = 5; // beside a button of its own, where its frame and the next one's meet
 constexpr int margin = 2;
-constexpr int titleSize = 13;
+constexpr int titleSize = 12; // the size of menus on most desktops, whose font is in memory then
 constexpr double disabledOpacity = 0.6;
 
 /// The look of a button in one of its states.

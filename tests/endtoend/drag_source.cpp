@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // A small window that a file can be dragged from. Writes "accepted" into the file named by the second
-// argument as soon as the drag is over something that takes it. It stays until it is killed: whoever takes the
-// file asks for its name only after the drag.
+// argument as soon as the drag is over something that takes it. It stays until it is killed: whoever takes
+// the file asks for its name only after the drag.
 
 #include <QApplication>
 #include <QDrag>

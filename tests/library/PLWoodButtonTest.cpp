@@ -174,10 +174,12 @@ void PLWoodButtonTest::segmentsMeetAndAreRoundOutside()
         const QImage image = picture(segment);
         const int inside = isLeft ? image.width() - 1 : 0;
         const int outside = isLeft ? 2 : image.width() - 3;
-        for (const int y : {2, 16, 29}) {
-            QVERIFY(qGray(image.pixel(inside, y)) < 32); // the edge
+        for (const int y : {3, 16, 28}) {
+            QVERIFY(image.pixel(inside, y) == 0xFF2A180C);
             QVERIFY(image.pixel(75, y) != 0xFF503018);
         }
+        for (const int y : {2, 29})
+            QVERIFY(image.pixel(inside, y) != 0xFF503018);
         QVERIFY(image.pixel(outside, 16) == 0xFF2A180C);
         QVERIFY(image.pixel(outside, 2) == 0xFF503018);
         QVERIFY(image.pixel(outside, 29) == 0xFF503018);

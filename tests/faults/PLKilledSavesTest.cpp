@@ -68,13 +68,13 @@ bool PLKilledSavesTest::killOne()
 void PLKilledSavesTest::initTestCase()
 {
     QVERIFY(m_loop.makeNotebook());
-    // Disks differ: a process lives for up to four rounds of what it does.
+    // Disks differ: a process lives for up to three rounds of what it does.
     constexpr int rounds = 5;
     QElapsedTimer timer;
     timer.start();
     m_loop.run(rounds);
     QVERIFY(m_loop.creations() == rounds);
-    m_longestLife = int(qBound(qint64(1'000), 4 * timer.nsecsElapsed() / 1'000 / rounds, qint64(100'000)));
+    m_longestLife = int(qBound(qint64(1'000), 3 * timer.nsecsElapsed() / 1'000 / rounds, qint64(100'000)));
     QCOMPARE(m_loop.lookAfterKill(), QString());
 }
 

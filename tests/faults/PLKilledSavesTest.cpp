@@ -36,6 +36,10 @@ class PLKilledSavesTest final : public QObject
 {
     Q_OBJECT
 
+public:
+    /// A million kills take longer than a test is given as a rule.
+    static void initMain() { qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000"); } // milliseconds
+
 private Q_SLOTS:
     void initTestCase();
     void noKillLosesAnything();

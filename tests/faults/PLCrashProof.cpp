@@ -28,10 +28,11 @@ public:
     {
     }
 
-    PLCrashProof run();
+    PLCrashProof run(int forgottenFlush);
+    bool record();
+    QList<qsizetype> flushes() const;
 
 private:
-    bool record();
     void lookAtBothEnds();
     void examineAfter(qsizetype calls);
     void examine(const PLDiskState &state, bool isAcknowledged);
@@ -134,10 +135,22 @@ void Examination::examineAfter(qsizetype calls)
         m_proof.fault = u"more states than can be visited"_s;
 }
 
-PLCrashProof Examination::run()
+QList<qsizetype> Examination::flushes() const
+{
+    QList<qsizetype> indices;
+    for (qsizetype index = 0; index < m_calls.size(); ++index) {
+        if (m_calls[index].kind == PLFileCall::Kind::Flush)
+            indices.append(index);
+    }
+    return indices;
+}
+
+PLCrashProof Examination::run(int forgottenFlush)
 {
     if (!record())
         return m_proof;
+    if (forgottenFlush >= 0)
+        m_calls.removeAt(flushes().at(forgottenFlush));
     // Nothing below this asks what a power cut would leave; the disk need not be waited for.
     PLFileCallRecorder::setFlushing(false);
     lookAtBothEnds();
@@ -149,7 +162,13 @@ PLCrashProof Examination::run()
 
 } // namespace
 
-PLCrashProof PLCrashProof::of(const PLNotebookOperation &operation, const QString &folder)
+PLCrashProof PLCrashProof::of(const PLNotebookOperation &operation, const QString &folder, int forgottenFlush)
 {
-    return Examination(operation, folder).run();
+    return Examination(operation, folder).run(forgottenFlush);
+}
+
+int PLCrashProof::flushesOf(const PLNotebookOperation &operation, const QString &folder)
+{
+    Examination examination(operation, folder);
+    return examination.record() ? int(examination.flushes().size()) : 0;
 }

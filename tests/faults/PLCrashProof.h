@@ -13,6 +13,11 @@ struct PLCrashProof
     qint64 acknowledgedButOld = 0; ///< those after the answer that are not what was to be
     QString fault;                 ///< the first of them, or why nothing could be proved
 
-    /// Does the operation in the folder, whatever is in it, and opens each state that may be left.
-    static PLCrashProof of(const PLNotebookOperation &operation, const QString &folder);
+    /// Does the operation in the folder, whatever is in it, and opens each state that may be left. If
+    /// `forgottenFlush` is not negative, as if that flush of it, counted from 0, had not been made.
+    static PLCrashProof of(const PLNotebookOperation &operation, const QString &folder,
+                           int forgottenFlush = -1);
+
+    /// How many flushes the operation makes.
+    static int flushesOf(const PLNotebookOperation &operation, const QString &folder);
 };

@@ -8,7 +8,6 @@
 #include <QStringList>
 #include <QUrl>
 
-
 class PLProject;
 
 /// The sidebar's rows as they are on the disk at one moment: the five sections with their pages, then the

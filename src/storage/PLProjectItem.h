@@ -21,7 +21,8 @@ public:
     /// A page whose fields are derived from the file name. Nothing is read.
     static std::shared_ptr<PLProjectItem> itemWithURL(const QUrl &fileURL, PLSection section);
 
-    /// The same by its path, in the form of PLStandardizedPath. A listing makes thousands: no URL is made here.
+    /// The same by its path, in the form of PLStandardizedPath. A listing makes thousands: no URL is made
+    /// here.
     static std::shared_ptr<PLProjectItem> itemWithPath(const QString &path, PLSection section);
 
     /// "03 - La fuite.md" for a numbered page of the book, else "La fuite.md". The title is used as it is.

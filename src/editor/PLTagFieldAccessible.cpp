@@ -204,22 +204,22 @@ QString PLTagTokenAccessible::editAction()
 
 bool PLTagTokenAccessible::isValid() const
 {
-    return m_field && m_index < m_field->model().tokens().size();
+    return field() && m_index < field()->model().tokens().size();
 }
 
 QAccessibleInterface *PLTagTokenAccessible::parent() const
 {
-    return m_field ? QAccessible::queryAccessibleInterface(m_field) : nullptr;
+    return field() ? QAccessible::queryAccessibleInterface(field()) : nullptr;
 }
 
 QString PLTagTokenAccessible::text(QAccessible::Text type) const
 {
-    return isValid() && type == QAccessible::Name ? m_field->model().tokens()[m_index] : QString();
+    return isValid() && type == QAccessible::Name ? field()->model().tokens()[m_index] : QString();
 }
 
 QRect PLTagTokenAccessible::rect() const
 {
-    return isValid() ? m_field->rectOfToken(m_index).translated(m_field->mapToGlobal(QPoint())) : QRect();
+    return isValid() ? field()->rectOfToken(m_index).translated(field()->mapToGlobal(QPoint())) : QRect();
 }
 
 QAccessible::State PLTagTokenAccessible::state() const
@@ -230,9 +230,9 @@ QAccessible::State PLTagTokenAccessible::state() const
         return state;
     state.selectable = true;
     state.focusable = true;
-    state.selected = m_field->model().isTokenSelected(m_index);
-    state.focused = m_field->hasFocus() && m_field->model().selectedToken() == m_index;
-    state.offscreen = !m_field->rect().intersects(m_field->rectOfToken(m_index));
+    state.selected = field()->model().isTokenSelected(m_index);
+    state.focused = field()->hasFocus() && field()->model().selectedToken() == m_index;
+    state.offscreen = !field()->rect().intersects(field()->rectOfToken(m_index));
     return state;
 }
 
@@ -258,12 +258,12 @@ void PLTagTokenAccessible::doAction(const QString &name)
 {
     if (!isValid())
         return;
-    const int position = m_field->model().positionOfToken(m_index);
+    const int position = field()->model().positionOfToken(m_index);
     if (name == deleteAction())
-        return m_field->removeToken(m_index);
-    m_field->setFocus(Qt::OtherFocusReason);
+        return field()->removeToken(m_index);
+    field()->setFocus(Qt::OtherFocusReason);
     if (name == editAction())
-        m_field->editToken(m_index);
+        field()->editToken(m_index);
     else
-        m_field->select(position, position + 1);
+        field()->select(position, position + 1);
 }

@@ -85,6 +85,9 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
-    QPointer<PLTagField> m_field;
+    /// Null also while the field is going: what it held is gone then, though it still is a widget.
+    PLTagField *field() const { return qobject_cast<PLTagField *>(m_field.data()); }
+
+    QPointer<QWidget> m_field;
     int m_index;
 };

@@ -7,6 +7,7 @@
 #include "support/PLTestEnvironment.h"
 
 #include <QAccessible>
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void aTokenSaysThatItIsSelected();
     void aTokenIsDeletedAndOpenedByItsActions();
     void aTokenThatIsGoneIsNotValid();
+    void aTokenOfAFieldThatIsGoingIsNotValid();
     void aTokenHasAPlaceOnTheScreen();
     void theTypedTextIsReadAndWritten();
     void theProposalsAreAListWithAName();
@@ -100,6 +102,26 @@ void PLTagFieldAccessibleTest::aTokenThatIsGoneIsNotValid()
     QCOMPARE(token->text(QAccessible::Name), QString());
     token->actionInterface()->doAction(PLTagTokenAccessible::deleteAction());
     QCOMPARE(stage.tokens(), u"a"_s);
+}
+
+/// A screen reader may ask at the very last moment.
+void PLTagFieldAccessibleTest::aTokenOfAFieldThatIsGoingIsNotValid()
+{
+    const PLTagFieldStage stage({u"a"_s, u"b"_s});
+    const QAccessibleInterface *token = interfaceOf(stage)->child(1);
+    QVERIFY(token->isValid());
+    QVERIFY(stage.field->hasFocus());
+    bool isAsked = false;
+    bool isValid = true;
+    // The field gives up the focus when it is no more than a widget.
+    const auto ask = connect(qApp, &QApplication::focusChanged, this, [&] {
+        isAsked = true;
+        isValid = token->isValid() || !token->text(QAccessible::Name).isNull() || token->parent();
+    });
+    delete stage.field;
+    disconnect(ask);
+    QVERIFY(isAsked);
+    QVERIFY(!isValid);
 }
 
 void PLTagFieldAccessibleTest::aTokenHasAPlaceOnTheScreen()

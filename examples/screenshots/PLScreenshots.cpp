@@ -4,17 +4,24 @@
 #include "PLScreenshots.h"
 
 #include "PLExampleShelf.h"
+#include "editor/PLEditorView.h"
+#include "editor/PLLivePreview.h"
+#include "editor/PLPreviewView.h"
 #include "notebook_window/PLProjectWindowController.h"
 #include "notebook_window/PLSidebarController.h"
 #include "platform/PLWindow.h"
 #include "storage/PLRecentProjects.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDirIterator>
 #include <QPixmap>
 #include <QTextStream>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -40,10 +47,24 @@ void settle()
     }
 }
 
+/// Until the engine has drawn the page, if it is allowed to.
+void waitForPreview(const PLLivePreview &preview)
+{
+    settle();
+    if (!preview.previewView())
+        return;
+    const QDeadlineTimer patience(30s);
+    while (!patience.hasExpired() && !(preview.isLoaded() && preview.previewView()->widget()->isVisible()))
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    for (const QDeadlineTimer drawing(1s); !drawing.hasExpired();)
+        QApplication::processEvents();
+}
+
 } // namespace
 
-PLScreenshots::PLScreenshots(const QString &language, const QDir &examples, const QDir &pictures)
-    : m_language(language), m_examples(examples.absolutePath()), m_pictures(pictures.absolutePath())
+PLScreenshots::PLScreenshots(const QString &language, const QString &suffix, const QDir &examples,
+                             const QDir &pictures)
+    : m_language(language), m_suffix(suffix), m_examples(examples.absolutePath()), m_pictures(pictures.absolutePath())
 {
 }
 
@@ -69,13 +90,14 @@ bool PLScreenshots::copyExamples()
     return true;
 }
 
-/// Three pictures of its window: a chapter, a page with tags, and a section, where no page is open.
+/// Pictures of its window: a chapter, a page with tags, and a section, where no page is open.
 bool PLScreenshots::drawNotebook(const QString &folder)
 {
     if (!m_delegate.openFile(folder))
         return false;
     PLProjectWindowController &controller = *m_delegate.projectWindows().back();
-    if (!draw(*controller.window(), u"notebook"_s))
+    waitForPreview(*controller.editorView()->livePreview());
+    if (!draw(*controller.window(), u"notebook"_s) || !drawSizes(controller))
         return false;
     // Asked for anew each time: coming to the front rebuilds the sidebar, and every row with it.
     PLSidebarController &sidebar = controller.sidebar();
@@ -87,6 +109,24 @@ bool PLScreenshots::drawNotebook(const QString &folder)
         return false;
     sidebar.selectSidebarObject(characters());
     return draw(*controller.window(), u"notebook-placeholder"_s);
+}
+
+/// The page without its preview, in windows of several sizes.
+bool PLScreenshots::drawSizes(PLProjectWindowController &controller) const
+{
+    PLWindow *window = controller.window();
+    const QSize size = window->size();
+    controller.editorView()->setPreviewVisible(false);
+    bool areDrawn = true;
+    for (const auto &[name, drawnSize] : {std::pair(u"notebook-page"_s, size),
+                                          std::pair(u"notebook-narrow"_s, window->minimumSize()),
+                                          std::pair(u"notebook-wide"_s, QSize(1580, 860))}) {
+        window->resize(drawnSize);
+        areDrawn = areDrawn && draw(*window, name);
+    }
+    window->resize(size);
+    controller.editorView()->setPreviewVisible(true);
+    return areDrawn;
 }
 
 bool PLScreenshots::drawLibrary(const QString &what)
@@ -116,7 +156,7 @@ bool PLScreenshots::drawFullLibrary(const QString &notebook)
 bool PLScreenshots::draw(QWidget &window, const QString &what) const
 {
     settle();
-    const QString path = m_pictures.absoluteFilePath(u"%1-%2.png"_s.arg(what, m_language));
+    const QString path = m_pictures.absoluteFilePath(u"%1-%2.png"_s.arg(what, m_suffix));
     if (!window.grab().save(path))
         return false;
     QTextStream(stdout) << path << Qt::endl;

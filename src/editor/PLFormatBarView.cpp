@@ -196,21 +196,20 @@ void PLFormatBarView::place(QWidget *widget, int x, bool isShown)
 }
 
 /// The commands from the left, the preview's button at the right with the words beside it. In a bar that is
-/// too narrow the words go first; then the last commands go into a menu.
+/// too narrow for them the last commands go into a menu.
 void PLFormatBarView::arrange()
 {
     const PLBarButton *preview = m_items.back().button;
     const int end = width() - margin - preview->width();
     place(m_items.back().button, end, true);
-    const int start = arrangeCommands(end);
     m_wordCountLabel->resize(m_wordCountLabel->sizeHint().width(), PLBarButton::buttonHeight);
     const int wordsStart = end - groupGap - m_wordCountLabel->width();
-    const bool hasWords = !m_wordCountLabel->text().isEmpty();
-    place(m_wordCountLabel, wordsStart, hasWords && wordsStart >= start + groupGap);
+    const bool hasWords = !m_wordCountLabel->text().isEmpty() && wordsStart > margin + moreWidth + groupGap;
+    place(m_wordCountLabel, wordsStart, hasWords);
+    arrangeCommands(hasWords ? wordsStart - groupGap + gap : end);
 }
 
-/// The answer is where they all would end.
-int PLFormatBarView::arrangeCommands(int end)
+void PLFormatBarView::arrangeCommands(int end)
 {
     std::vector<int> places;
     int x = margin;
@@ -226,7 +225,6 @@ int PLFormatBarView::arrangeCommands(int end)
         place(button, places[index], places[index] + button->width() + gap <= last);
     }
     place(m_moreButton, last, !allFit);
-    return x;
 }
 
 void PLFormatBarView::drawRect(QPainter &painter)

@@ -59,7 +59,7 @@ private:
     void fillMenu(QMenu *menu);
     void place(QWidget *widget, int x, bool isShown);
     void arrange();
-    int arrangeCommands(int end);
+    void arrangeCommands(int end);
     void drawRect(QPainter &painter);
 
     std::vector<Item> m_items;

@@ -64,7 +64,7 @@ private Q_SLOTS:
     void aButtonIsPressedByKey();
     void theToggleShowsWhatItIsTold();
     void theWordsStandBesideThePreviewButton();
-    void aNarrowBarKeepsThePreviewButton();
+    void aNarrowBarKeepsThePreviewButtonAndTheWords();
     void whatHasNoPlaceIsInAMenu_data();
     void whatHasNoPlaceIsInAMenu();
     void theMenuIsReachedByKey();
@@ -270,11 +270,12 @@ void PLBarViewsTest::theWordsStandBesideThePreviewButton()
     QVERIFY(label->width() >= label->sizeHint().width());
 }
 
-void PLBarViewsTest::aNarrowBarKeepsThePreviewButton()
+void PLBarViewsTest::aNarrowBarKeepsThePreviewButtonAndTheWords()
 {
     PLFormatBarView bar;
     bar.setWordCountText(u"1234 mots"_s);
     bar.show();
+    const auto *words = bar.findChild<QLabel *>();
     for (int width = 900; width >= 320; width -= 7) {
         bar.resize(width, PLFormatBarView::barHeight);
         const QRect preview = bar.button(PLCommand::TogglePreview)->geometry();
@@ -282,11 +283,11 @@ void PLBarViewsTest::aNarrowBarKeepsThePreviewButton()
         for (const PLCommand command :
              {PLCommand::FormatBold, PLCommand::FormatBulletList, PLCommand::FormatLink})
             QVERIFY(!bar.button(command)->isVisible() ||
-                    bar.button(command)->geometry().right() < preview.left());
-        QVERIFY(!bar.findChild<QLabel *>()->isVisible() || bar.button(PLCommand::FormatLink)->isVisible());
+                    bar.button(command)->geometry().right() < words->geometry().left());
+        QVERIFY(words->isVisible() && words->geometry().right() < preview.left());
     }
     QVERIFY(!bar.button(PLCommand::FormatLink)->isVisible());
-    QVERIFY(bar.button(PLCommand::FormatBold)->isVisible());
+    QVERIFY(bar.button(PLCommand::FormatHeading, 1)->isVisible());
 }
 
 void PLBarViewsTest::whatHasNoPlaceIsInAMenu_data()

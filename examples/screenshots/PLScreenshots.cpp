@@ -64,7 +64,10 @@ void waitForPreview(const PLLivePreview &preview)
 
 PLScreenshots::PLScreenshots(const QString &language, const QString &suffix, const QDir &examples,
                              const QDir &pictures)
-    : m_language(language), m_suffix(suffix), m_examples(examples.absolutePath()), m_pictures(pictures.absolutePath())
+    : m_language(language)
+    , m_suffix(suffix)
+    , m_examples(examples.absolutePath())
+    , m_pictures(pictures.absolutePath())
 {
 }
 
@@ -118,9 +121,9 @@ bool PLScreenshots::drawSizes(PLProjectWindowController &controller) const
     const QSize size = window->size();
     controller.editorView()->setPreviewVisible(false);
     bool areDrawn = true;
-    for (const auto &[name, drawnSize] : {std::pair(u"notebook-page"_s, size),
-                                          std::pair(u"notebook-narrow"_s, window->minimumSize()),
-                                          std::pair(u"notebook-wide"_s, QSize(1580, 860))}) {
+    for (const auto &[name, drawnSize] :
+         {std::pair(u"notebook-page"_s, size), std::pair(u"notebook-narrow"_s, window->minimumSize()),
+          std::pair(u"notebook-wide"_s, QSize(1580, 860))}) {
         window->resize(drawnSize);
         areDrawn = areDrawn && draw(*window, name);
     }

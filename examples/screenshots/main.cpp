@@ -40,7 +40,8 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QApplication::arguments();
     const bool isDark = arguments.size() == 5 && arguments[4] == u"dark";
-    if (arguments.size() != (isDark ? 5 : 4) || !PLLocalization::availableLanguages().contains(arguments[1])) {
+    if (arguments.size() != (isDark ? 5 : 4) ||
+        !PLLocalization::availableLanguages().contains(arguments[1])) {
         std::fputs("usage: aquilane_screenshots fr|en <example notebooks> <pictures> [dark]\n", stderr);
         return 2;
     }

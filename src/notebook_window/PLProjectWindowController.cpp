@@ -37,6 +37,13 @@ constexpr int largestSidebarWidth = 420;
 constexpr int smallestPageWidth = 320;
 constexpr int dividerWidth = 1;
 
+/// Looking for words and at their spelling is meant for the page, also from the sidebar.
+bool isForPage(PLCommand command)
+{
+    return command == PLCommand::PerformFindPanelAction || command == PLCommand::ShowGuessPanel ||
+           command == PLCommand::CheckSpelling || command == PLCommand::ToggleContinuousSpellChecking;
+}
+
 } // namespace
 
 PLProjectWindowController::PLProjectWindowController(std::unique_ptr<PLProject> project)
@@ -118,14 +125,20 @@ void PLProjectWindowController::windowDidResignKey()
         m_session->saveCurrentItem();
 }
 
-std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int) const
+std::optional<PLCommandState> PLProjectWindowController::stateOfCommand(PLCommand command, int tag) const
 {
-    return m_pageCommands->stateOfCommand(command);
+    if (command == PLCommand::TogglePreview)
+        return PLCommandState{true, m_editorView->isPreviewVisible()};
+    return isForPage(command) ? m_editorView->stateOfCommand(command, tag)
+                              : m_pageCommands->stateOfCommand(command);
 }
 
-void PLProjectWindowController::performCommand(PLCommand command, int)
+void PLProjectWindowController::performCommand(PLCommand command, int tag)
 {
-    m_pageCommands->performCommand(command);
+    if (command == PLCommand::TogglePreview || isForPage(command))
+        m_editorView->performCommand(command, tag);
+    else
+        m_pageCommands->performCommand(command);
 }
 
 void PLProjectWindowController::buildWindow()

@@ -35,6 +35,7 @@ class PLProjectWindowControllerTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void thePreviewAndTheFindPanelAreReachedFromTheSidebar();
     void theFirstChapterIsOpenAtOnce();
     void anEmptyBookShowsItsPlaceholder();
     void placeholdersSayWhatToDo_data();
@@ -548,6 +549,27 @@ void PLProjectWindowControllerTest::aBracketedTitleIsShownAsItIs()
     window.open();
 
     QCOMPARE(window.controller->window()->windowTitle(), u"Roman [*][*] — A[-]B[*]"_s);
+}
+
+void PLProjectWindowControllerTest::thePreviewAndTheFindPanelAreReachedFromTheSidebar()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/1 - A.md"_s, u"un"_s);
+    window.open();
+    window.sidebar().view()->setFocus();
+    const PLProjectWindowController &controller = *window.controller;
+
+    QVERIFY(!controller.stateOfCommand(PLCommand::TogglePreview, 0)->checked);
+    window.controller->performCommand(PLCommand::TogglePreview, 0);
+    QVERIFY(window.editor()->isPreviewVisible());
+    QVERIFY(controller.stateOfCommand(PLCommand::TogglePreview, 0)->checked);
+    QVERIFY(controller.stateOfCommand(PLCommand::PerformFindPanelAction, 1)->enabled);
+    QVERIFY(controller.stateOfCommand(PLCommand::CheckSpelling, 0)->enabled);
+
+    window.sidebar().selectSidebarObject(window.sidebar().tree().section(PLSection::Places));
+    QVERIFY(controller.stateOfCommand(PLCommand::TogglePreview, 0)->enabled);
+    QVERIFY(!controller.stateOfCommand(PLCommand::PerformFindPanelAction, 1)->enabled);
+    QVERIFY(!controller.stateOfCommand(PLCommand::FormatBold, 0));
 }
 
 QTEST_MAIN(PLProjectWindowControllerTest)

@@ -57,7 +57,7 @@ aquilane-preview. The interface speaks French and English.")
 # The toolkit's own dialogs speak French by this package; nothing that is linked pulls it in.
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS qt6-translations-l10n)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS
-    "aquilane-preview, hunspell-fr, hunspell-en-us | hunspell-en-gb, qt6-wayland, xdg-utils")
+    "aquilane-preview, hunspell-fr, hunspell-en-us, qt6-image-formats-plugins, qt6-wayland, xdg-utils")
 
 set(CPACK_DEBIAN_PREVIEW_PACKAGE_NAME aquilane-preview)
 set(CPACK_DEBIAN_PREVIEW_DESCRIPTION "writing notebook for novelists - live preview

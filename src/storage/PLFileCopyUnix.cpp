@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype chunkSize = 256 * 1024; // bytes
+constexpr qsizetype chunkSize = qsizetype{256} * 1024; // bytes
 
 /// Copies to the end of the source, which must not come before `size` bytes: it would have been cut short
 /// while it was copied.

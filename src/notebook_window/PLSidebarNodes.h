@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// A row of the sidebar: a section, a page in it, a tag, or a page under a tag.
@@ -38,14 +39,20 @@ public:
         return added;
     }
 
-    /// Puts the children in the order of `less`, which compares two nodes.
-    template <typename Less>
-    void sortChildren(Less less)
+    /// Puts the children in the order of the keys that `keyOf` makes of them.
+    template <typename KeyOf>
+    void sortChildren(KeyOf keyOf)
     {
-        std::stable_sort(m_children.begin(), m_children.end(),
-                         [&less](const auto &left, const auto &right) { return less(*left, *right); });
-        for (int index = 0; index < childCount(); ++index)
-            m_children[size_t(index)]->m_row = index;
+        using Key = decltype(keyOf(*m_children.front()));
+        std::vector<std::pair<Key, std::unique_ptr<PLSidebarNode>>> keyed;
+        keyed.reserve(m_children.size());
+        for (auto &child : m_children)
+            keyed.emplace_back(keyOf(*child), std::move(child));
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [](const auto &left, const auto &right) { return left.first < right.first; });
+        m_children.clear();
+        for (auto &[key, child] : keyed)
+            adopt(std::move(child), childCount());
     }
 
 protected:

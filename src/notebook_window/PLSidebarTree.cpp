@@ -17,22 +17,15 @@ public:
 
 namespace {
 
-void addPages(PLSidebarNode &section, std::vector<PLProjectItemPointer> items)
-{
-    for (PLProjectItemPointer &item : items)
-        section.append(std::make_unique<PLSidebarPage>(std::move(item)));
-}
-
 /// Puts the page under each of its tags; a tag is made when it is first met.
 void addReferences(PLSidebarSection &tagSection, QHash<QString, PLSidebarTag *> &tagsByKey,
-                   const PLProjectItemPointer &item)
+                   const PLTaggedItem &page)
 {
-    const QStringList tags = item->readTags();
-    for (const QString &tag : tags) {
+    for (const QString &tag : page.tags) {
         PLSidebarTag *&node = tagsByKey[tag.toLower()];
         if (!node)
             node = tagSection.append(std::make_unique<PLSidebarTag>(tag));
-        node->append(std::make_unique<PLTagReference>(node->name, item));
+        node->append(std::make_unique<PLTagReference>(node->name, page.item));
     }
 }
 
@@ -42,11 +35,14 @@ PLSidebarTree::PLSidebarTree() : m_root(std::make_unique<Root>()) {}
 
 PLSidebarTree::PLSidebarTree(const PLProject &project) : PLSidebarTree()
 {
+    std::vector<std::vector<PLTaggedItem>> sections;
     for (const PLSection section : PLAllSections) {
         auto *node = m_root->append(std::make_unique<PLSidebarSection>(section));
-        addPages(*node, project.itemsInSection(section));
+        sections.push_back(project.taggedItemsInSection(section));
+        for (const PLTaggedItem &page : sections.back())
+            node->append(std::make_unique<PLSidebarPage>(page.item));
     }
-    buildTagSectionFromSections();
+    buildTagSectionFromSections(sections);
 }
 
 PLSidebarTree::~PLSidebarTree() = default;
@@ -100,20 +96,18 @@ PLSidebarPage *PLSidebarTree::sectionItemForURL(const QUrl &fileURL) const
     return nullptr;
 }
 
-void PLSidebarTree::buildTagSectionFromSections()
+void PLSidebarTree::buildTagSectionFromSections(const std::vector<std::vector<PLTaggedItem>> &sections)
 {
     auto tagSection = std::make_unique<PLSidebarSection>(PLSection::Book);
     tagSection->isTagSection = true;
     QHash<QString, PLSidebarTag *> tagsByKey;
-    for (const auto &section : m_root->children()) {
-        for (const auto &page : section->children())
-            addReferences(*tagSection, tagsByKey, PLItemOfNode(page.get()));
+    for (const std::vector<PLTaggedItem> &pages : sections) {
+        for (const PLTaggedItem &page : pages)
+            addReferences(*tagSection, tagsByKey, page);
     }
     const PLTitleComparer comparer(PLLocalization::localeIdentifier());
-    tagSection->sortChildren([&comparer](const PLSidebarNode &left, const PLSidebarNode &right) {
-        const auto &leftTag = static_cast<const PLSidebarTag &>(left);
-        const auto &rightTag = static_cast<const PLSidebarTag &>(right);
-        return comparer.compare(leftTag.name, rightTag.name) < 0;
+    tagSection->sortChildren([&comparer](const PLSidebarNode &tag) {
+        return comparer.sortKey(static_cast<const PLSidebarTag &>(tag).name);
     });
     for (const auto &tag : tagSection->children())
         m_allTags.append(static_cast<const PLSidebarTag *>(tag.get())->name);

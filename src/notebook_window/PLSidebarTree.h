@@ -9,6 +9,7 @@
 #include <QUrl>
 
 class PLProject;
+struct PLTaggedItem;
 
 /// The sidebar's rows as they are on the disk at one moment: the five sections with their pages, then the
 /// tags gathered from those pages.
@@ -40,7 +41,8 @@ public:
 private:
     class Root;
 
-    void buildTagSectionFromSections();
+    /// Gathers the tags of the pages of each section.
+    void buildTagSectionFromSections(const std::vector<std::vector<PLTaggedItem>> &sections);
 
     std::unique_ptr<Root> m_root;
     QStringList m_allTags;

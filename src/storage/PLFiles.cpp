@@ -4,6 +4,7 @@
 #include "storage/PLFiles.h"
 
 #include "i18n/PLDesktopStrings.h"
+#include "storage/PLFolderReader.h"
 
 #include <QDir>
 #include <QStringDecoder>
@@ -27,7 +28,7 @@ std::optional<QString> undecodable(PLError *error)
     return std::nullopt;
 }
 
-QString decodedWindows1252(const QByteArray &bytes)
+QString decodedWindows1252(QByteArrayView bytes)
 {
     QString text = QString::fromLatin1(bytes);
     for (QChar &character : text) {
@@ -37,13 +38,13 @@ QString decodedWindows1252(const QByteArray &bytes)
     return text;
 }
 
-std::optional<QString> decodedUTF16(const QByteArray &bytes, bool isBigEndian, PLError *error)
+std::optional<QString> decodedUTF16(QByteArrayView bytes, bool isBigEndian, PLError *error)
 {
     if (bytes.size() % 2 != 0)
         return undecodable(error);
     QString text(bytes.size() / 2, Qt::Uninitialized);
     for (qsizetype unit = 0; unit < text.size(); ++unit) {
-        const char *source = bytes.constData() + 2 * unit;
+        const char *source = bytes.data() + 2 * unit;
         text[unit] = isBigEndian ? qFromBigEndian<char16_t>(source) : qFromLittleEndian<char16_t>(source);
     }
     return text.isValidUtf16() ? text : undecodable(error);
@@ -51,12 +52,20 @@ std::optional<QString> decodedUTF16(const QByteArray &bytes, bool isBigEndian, P
 
 } // namespace
 
+QStringList PLFileNamesInFolder(const QString &folder)
+{
+    QStringList names;
+    for (PLFolderReader reader(folder); reader.next();)
+        names.append(reader.name());
+    return names;
+}
+
 QString PLStandardizedPath(const QUrl &url)
 {
     return QDir::cleanPath(url.toLocalFile());
 }
 
-std::optional<QString> PLDecodedUTF8(const QByteArray &bytes, PLError *error)
+std::optional<QString> PLDecodedUTF8(QByteArrayView bytes, PLError *error)
 {
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
@@ -64,7 +73,7 @@ std::optional<QString> PLDecodedUTF8(const QByteArray &bytes, PLError *error)
     return decoder.hasError() ? undecodable(error) : text;
 }
 
-std::optional<QString> PLDecodedText(const QByteArray &bytes, PLError *error)
+std::optional<QString> PLDecodedText(QByteArrayView bytes, PLError *error)
 {
     if (bytes.startsWith("\xFF\xFE"))
         return decodedUTF16(bytes, false, error);

@@ -6,6 +6,7 @@
 #include "foundation/PLError.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -60,9 +61,7 @@ bool PLSomethingExistsAt(const QString &path);
 /// True if there is something at the path, links followed, that is not a folder.
 bool PLFileExistsAt(const QString &path);
 
-/// The names of what a folder holds, hidden ones too, except folders and links to folders; in no order, empty
-/// if the folder cannot be read. A name that is not valid Unicode is left out, since no path could reach that
-/// file.
+/// The names of all that PLFolderReader finds in a folder.
 QStringList PLFileNamesInFolder(const QString &folder);
 
 /// The path of a file URL without "." and "..", double slashes and a slash at the end: what paths are
@@ -74,10 +73,10 @@ void PLSweepTemporaryFiles(const QString &folder);
 
 /// Reads text of any encoding: UTF-8 if it is that throughout, UTF-16 if it begins with its mark (an error if
 /// it is then broken), else Windows-1252. The result keeps every character, a leading U+FEFF too.
-[[nodiscard]] std::optional<QString> PLDecodedText(const QByteArray &bytes, PLError *error = nullptr);
+[[nodiscard]] std::optional<QString> PLDecodedText(QByteArrayView bytes, PLError *error = nullptr);
 
 /// Reads text that has to be UTF-8, keeping a leading U+FEFF. An error (EILSEQ) if one byte is wrong.
-[[nodiscard]] std::optional<QString> PLDecodedUTF8(const QByteArray &bytes, PLError *error = nullptr);
+[[nodiscard]] std::optional<QString> PLDecodedUTF8(QByteArrayView bytes, PLError *error = nullptr);
 
 /// The error for an errno value: PLFileErrorDomain, the number, a sentence in the interface language.
 PLError PLFileError(int errorNumber);

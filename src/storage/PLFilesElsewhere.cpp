@@ -143,11 +143,6 @@ bool PLFileExistsAt(const QString &path)
     return information.exists() && !information.isDir();
 }
 
-QStringList PLFileNamesInFolder(const QString &folder)
-{
-    return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
-}
-
 void PLSweepTemporaryFiles(const QString &)
 {
     // QSaveFile has names of its own, which could be a writer's too.

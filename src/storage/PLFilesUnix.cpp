@@ -6,28 +6,10 @@
 
 #include <QFile>
 
-#include <memory>
-
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 namespace {
-
-struct FolderCloser
-{
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
-using FolderReader = std::unique_ptr<DIR, FolderCloser>;
-
-/// True for a folder and for a link to one. The disk is asked only where the entry does not say.
-bool isFolder(DIR *folder, const dirent &entry)
-{
-    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
-        return entry.d_type == DT_DIR;
-    struct stat status;
-    return ::fstatat(::dirfd(folder), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
-}
 
 /// Reads up to `limit` bytes; `size` is only where to begin, as the file may be growing.
 int readAll(const PLDescriptor &file, qint64 size, qint64 limit, QByteArray &bytes)
@@ -180,21 +162,6 @@ bool PLFileExistsAt(const QString &path)
     struct stat status;
     const QByteArray native = PLNativePath(path);
     return PLFailureOf([&] { return ::stat(native.constData(), &status); }) == 0 && !S_ISDIR(status.st_mode);
-}
-
-QStringList PLFileNamesInFolder(const QString &folder)
-{
-    const FolderReader reader(::opendir(PLNativePath(folder).constData()));
-    if (!reader)
-        return {};
-    QStringList names;
-    while (const dirent *entry = ::readdir(reader.get())) {
-        if (isFolder(reader.get(), *entry))
-            continue;
-        if (const std::optional<QString> name = PLDecodedUTF8(QByteArray(entry->d_name)))
-            names.append(*name);
-    }
-    return names;
 }
 
 void PLSweepTemporaryFiles(const QString &path)

@@ -26,17 +26,46 @@ qsizetype closingFenceIndex(const QString &text)
     return -1;
 }
 
-void readLine(QStringView line, PLFrontMatter::Fields &fields, QStringList &keys)
+/// The header at the start of a text that outlives it.
+class Header final
 {
-    const qsizetype colon = line.indexOf(u':');
-    if (colon < 0)
-        return;
-    const QString key = PLTrimmedSpaces(line.first(colon)).toString().toLower();
-    if (key.isEmpty())
-        return;
-    if (!fields.contains(key))
-        keys.append(key);
-    fields.insert(key, PLTrimmedSpaces(line.sliced(colon + 1)).toString());
+public:
+    explicit Header(const QString &text)
+        : m_fence(text.startsWith(openingFence) ? closingFenceIndex(text) : -1)
+    {
+        const qsizetype start = qMin(openingFence.size(), m_fence);
+        if (m_fence >= 0)
+            m_lines = QStringView(text).sliced(start, m_fence - start);
+    }
+
+    bool isThere() const { return m_fence >= 0; }
+
+    /// Where the closing fence ends.
+    qsizetype end() const { return m_fence + closingFence.size(); }
+
+    /// Calls `receive` with the key, in lower case, and the value of each field.
+    template <typename Receive>
+    void eachField(Receive receive) const
+    {
+        for (const QStringView line : m_lines.tokenize(u'\n')) {
+            const qsizetype colon = line.indexOf(u':');
+            const QStringView key = colon < 0 ? QStringView() : PLTrimmedSpaces(line.first(colon));
+            if (!key.isEmpty())
+                receive(key.toString().toLower(), PLTrimmedSpaces(line.sliced(colon + 1)));
+        }
+    }
+
+private:
+    qsizetype m_fence; ///< where the closing one is, -1 for none
+    QStringView m_lines;
+};
+
+QString withLineFeeds(const QString &text)
+{
+    QString normalized = text;
+    if (text.contains(u'\r')) // much quicker to answer than the replacing
+        normalized.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return normalized;
 }
 
 /// Skips the fence's own line end and one blank line.
@@ -51,25 +80,31 @@ qsizetype bodyStart(const QString &text, qsizetype position)
 
 PLFrontMatter::Fields PLFrontMatter::fieldsFromString(const QString &text, QString *body, QStringList *keys)
 {
+    const QString normalized = withLineFeeds(text);
+    const Header header(normalized);
     QStringList order;
     Fields fields;
-    QString normalized = text;
-    if (text.contains(u'\r')) // much quicker to answer than the replacing
-        normalized.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-
-    const qsizetype fence = normalized.startsWith(openingFence) ? closingFenceIndex(normalized) : -1;
-    if (fence >= 0) {
-        const qsizetype headerStart = qMin(openingFence.size(), fence);
-        const QStringView header = QStringView(normalized).sliced(headerStart, fence - headerStart);
-        for (const QStringView line : header.split(u'\n'))
-            readLine(line, fields, order);
-        normalized.remove(0, bodyStart(normalized, fence + closingFence.size()));
-    }
+    header.eachField([&](const QString &key, QStringView value) {
+        if (!fields.contains(key))
+            order.append(key);
+        fields.insert(key, value.toString());
+    });
     if (body)
-        *body = normalized;
+        *body = header.isThere() ? normalized.sliced(bodyStart(normalized, header.end())) : normalized;
     if (keys)
         *keys = order;
     return fields;
+}
+
+QString PLFrontMatter::fieldInString(const QString &text, QStringView key)
+{
+    const QString normalized = withLineFeeds(text);
+    QString found;
+    Header(normalized).eachField([&](const QString &fieldKey, QStringView value) {
+        if (fieldKey == key)
+            found = value.toString();
+    });
+    return found;
 }
 
 QString PLFrontMatter::stringWithKeys(const QStringList &keys, const Fields &values, const QString &body)

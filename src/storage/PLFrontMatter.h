@@ -21,6 +21,9 @@ public:
     /// else is changed), `keys` the keys in order of first appearance.
     static Fields fieldsFromString(const QString &text, QString *body = nullptr, QStringList *keys = nullptr);
 
+    /// The value of one field, empty without it: what fieldsFromString has under this lower-case key.
+    static QString fieldInString(const QString &text, QStringView key);
+
     /// The file text: one line for each of `keys` (line ends in a value become spaces), a blank line, the
     /// body.
     static QString stringWithKeys(const QStringList &keys, const Fields &values, const QString &body);

@@ -16,6 +16,13 @@
 #include <optional>
 #include <vector>
 
+/// A page and its tags, as they were on the disk when both were read.
+struct PLTaggedItem
+{
+    PLProjectItemPointer item;
+    QStringList tags;
+};
+
 /// An open notebook: a folder with `projet.md` at its root and one sub-folder for each section.
 /// It holds no list of pages: the disk is the only model, and every listing reads it again.
 class PLProject final
@@ -78,6 +85,8 @@ public:
 
     /// The pages of a section, read from the disk: the book by number then title, the others by title.
     std::vector<PLProjectItemPointer> itemsInSection(PLSection section) const;
+    /// The same with the tags of each page, read while the folder is: the quickest way to all tags.
+    std::vector<PLTaggedItem> taggedItemsInSection(PLSection section) const;
     QUrl availableURLInFolder(const QUrl &folder, const QString &title, qint64 number, PLSection section,
                               const QUrl &ignoringURL) const;
     /// A new page with the section's template; null with the error. Without a title it gets the default one.

@@ -6,9 +6,8 @@
 #include "foundation/PLPattern.h"
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
-#include "storage/PLFrontMatter.h"
-
-#include <QSet>
+#include "storage/PLFolderReader.h"
+#include "storage/PLPageTags.h"
 
 #include <limits>
 
@@ -16,8 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QChar byteOrderMark(0xFEFF);
-constexpr qint64 firstChunk = 512; // bytes; nearly every header fits
+/// How many times more of a page is read when its header does not end in what was read.
 constexpr qint64 chunkGrowth = 8;
 
 /// The integer value of decimal digits of any script; the largest integer if they are too many.
@@ -55,53 +53,10 @@ NumberedTitle numberedTitle(const QString &name)
     return {number, PLFormat(PLLocalizedString(u"Chapitre %ld"_s), {QString::number(number)})};
 }
 
-QString withoutExtension(const QString &fileName)
+QStringView withoutExtension(QStringView fileName)
 {
     const qsizetype stop = fileName.lastIndexOf(u'.');
     return stop > 0 ? fileName.first(stop) : fileName;
-}
-
-QStringList tagsOfText(const QString &text)
-{
-    const QString page = text.startsWith(byteOrderMark) ? text.sliced(1) : text;
-    return PLProjectItem::tagsFromString(PLFrontMatter::fieldsFromString(page).value(u"tags"_s));
-}
-
-bool hasUTF16Mark(const QByteArray &bytes)
-{
-    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-}
-
-/// The length of a line end at this place, 0 if there is none.
-qsizetype lineEndLength(QByteArrayView bytes, qsizetype position)
-{
-    const QByteArrayView rest = bytes.sliced(position);
-    if (rest.startsWith("\r\n"))
-        return 2;
-    return rest.startsWith('\n') ? 1 : 0;
-}
-
-/// How many bytes of a page, from its start, hold the header with both fences; 0 if it is not closed in them.
-/// Whether they are a header indeed is for PLFrontMatter to say.
-qsizetype headerLength(QByteArrayView bytes, bool isWholeFile)
-{
-    constexpr QByteArrayView fence = "\n---";
-    for (qsizetype found = bytes.indexOf(fence); found >= 0; found = bytes.indexOf(fence, found + 1)) {
-        const qsizetype end = found + fence.size();
-        if (end == bytes.size())
-            return isWholeFile ? end : 0;
-        if (const qsizetype lineEnd = lineEndLength(bytes, end))
-            return end + lineEnd;
-    }
-    return 0;
-}
-
-/// True if the page opens with a fence, which a byte-order mark may stand before.
-bool opensWithFence(QByteArrayView bytes)
-{
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        bytes = bytes.sliced(3);
-    return bytes.startsWith("---") && lineEndLength(bytes, 3) > 0;
 }
 
 } // namespace
@@ -113,7 +68,7 @@ PLProjectItemPointer PLProjectItem::itemWithURL(const QUrl &fileURL, PLSection s
 
 PLProjectItemPointer PLProjectItem::itemWithPath(const QString &path, PLSection section)
 {
-    const PLProjectItemPointer item(new PLProjectItem(section));
+    const auto item = std::make_shared<PLProjectItem>(Private(), section);
     item->setPath(path);
     return item;
 }
@@ -127,22 +82,12 @@ QString PLProjectItem::fileNameForTitle(const QString &title, qint64 number, PLS
 
 QStringList PLProjectItem::normalizedTags(const QStringList &tags)
 {
-    QStringList normalized;
-    QSet<QString> met;
-    for (const QString &tag : tags) {
-        const QString name = PLTrimmedSpacesAndNewlines(tag).toString().replace(u',', u' ');
-        const QString key = name.toLower();
-        if (name.isEmpty() || met.contains(key))
-            continue;
-        met.insert(key);
-        normalized.append(name);
-    }
-    return normalized;
+    return PLNormalizedTags(tags);
 }
 
 QStringList PLProjectItem::tagsFromString(const QString &text)
 {
-    return normalizedTags(text.split(u','));
+    return PLTagsFromString(text);
 }
 
 QString PLProjectItem::stringFromTags(const QStringList &tags)
@@ -168,19 +113,12 @@ bool PLProjectItem::writeContents(const QString &text, PLError *error, PLWriteMo
 
 QStringList PLProjectItem::readTags() const
 {
-    for (qint64 limit = firstChunk;; limit *= chunkGrowth) {
+    for (qint64 limit = PLFolderReader::startSize;; limit *= chunkGrowth) {
         const std::optional<QByteArray> bytes = PLReadFile(m_path, nullptr, limit);
         if (!bytes)
             return {};
-        if (hasUTF16Mark(*bytes))
-            return tagsOfText(readContents());
-        if (!opensWithFence(*bytes))
-            return {};
-        const bool isWholeFile = bytes->size() < limit;
-        if (const qsizetype length = headerLength(*bytes, isWholeFile))
-            return tagsOfText(PLDecodedText(bytes->first(length)).value_or(QString()));
-        if (isWholeFile)
-            return {};
+        if (const std::optional<QStringList> tags = PLTagsInPageStart(*bytes, bytes->size() < limit))
+            return *tags;
     }
 }
 
@@ -199,7 +137,7 @@ void PLProjectItem::setFileURL(const QUrl &fileURL)
 void PLProjectItem::setPath(const QString &path)
 {
     m_path = path;
-    const QString name = withoutExtension(path.sliced(path.lastIndexOf(u'/') + 1));
+    const QString name = withoutExtension(QStringView(path).sliced(path.lastIndexOf(u'/') + 1)).toString();
     const NumberedTitle derived = m_section == PLSection::Book ? numberedTitle(name) : NumberedTitle{0, name};
     m_number = derived.number;
     m_title = derived.title;

@@ -17,7 +17,14 @@
 /// Pages are handed around as shared pointers, since the sidebar and the editor hold the same one.
 class PLProjectItem final
 {
+    struct Private
+    {
+    };
+
 public:
+    /// For itemWithURL and itemWithPath alone, which make the pointers.
+    PLProjectItem(Private, PLSection section) : m_section(section) {}
+
     /// A page whose fields are derived from the file name. Nothing is read.
     static std::shared_ptr<PLProjectItem> itemWithURL(const QUrl &fileURL, PLSection section);
 
@@ -28,7 +35,7 @@ public:
     /// "03 - La fuite.md" for a numbered page of the book, else "La fuite.md". The title is used as it is.
     static QString fileNameForTitle(const QString &title, qint64 number, PLSection section);
 
-    /// Trims each tag, makes commas spaces, drops the empty ones and those already met in another case.
+    /// What PLPageTags.h has of tags.
     static QStringList normalizedTags(const QStringList &tags);
     static QStringList tagsFromString(const QString &text);
     static QString stringFromTags(const QStringList &tags);
@@ -59,8 +66,6 @@ public:
     QString debugDescription() const;
 
 private:
-    explicit PLProjectItem(PLSection section) : m_section(section) {}
-
     void setPath(const QString &path);
 
     QString m_path;

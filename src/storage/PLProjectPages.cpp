@@ -7,6 +7,8 @@
 #include "i18n/PLLocalization.h"
 #include "storage/PLFileNames.h"
 #include "storage/PLFiles.h"
+#include "storage/PLFolderReader.h"
+#include "storage/PLPageTags.h"
 #include "storage/PLProject.h"
 #include "storage/PLRecovery.h"
 #include "storage/PLTrash.h"
@@ -25,20 +27,34 @@ constexpr int mostNamesTried = 100;
 /// A page with what it is sorted by.
 struct ListedPage
 {
-    PLProjectItemPointer item;
-    QCollatorSortKey titleKey;
-    QString fileName; ///< settles the order of equal titles
+    PLTaggedItem page;
+    std::optional<QCollatorSortKey> titleKey; ///< none for a chapter, which its number sorts
 };
 
-bool comesBefore(const ListedPage &left, const ListedPage &right)
+class ListingOrder final
 {
-    const qint64 leftNumber = left.item->number();
-    const qint64 rightNumber = right.item->number();
-    if (leftNumber != rightNumber)
-        return leftNumber != 0 && (rightNumber == 0 || leftNumber < rightNumber);
-    const int order = left.titleKey.compare(right.titleKey);
-    return order != 0 ? order < 0 : left.fileName < right.fileName;
-}
+public:
+    bool comesBefore(const ListedPage &left, const ListedPage &right) const
+    {
+        const PLProjectItem &leftItem = *left.page.item;
+        const PLProjectItem &rightItem = *right.page.item;
+        if (leftItem.number() != rightItem.number())
+            return leftItem.number() != 0 &&
+                   (rightItem.number() == 0 || leftItem.number() < rightItem.number());
+        const int order = left.titleKey && right.titleKey
+                              ? left.titleKey->compare(*right.titleKey)
+                              : m_comparer.compare(leftItem.title(), rightItem.title());
+        return order != 0 ? order < 0 : leftItem.path() < rightItem.path();
+    }
+
+    std::optional<QCollatorSortKey> keyOf(const PLProjectItem &item) const
+    {
+        return item.number() == 0 ? std::optional(m_comparer.sortKey(item.title())) : std::nullopt;
+    }
+
+private:
+    PLTitleComparer m_comparer{PLLocalization::localeIdentifier()};
+};
 
 bool isPageName(const QString &fileName)
 {
@@ -79,38 +95,70 @@ bool movePage(const QString &from, const QString &to, PLError *error)
     return onlyCaseDiffers ? moveInTwoSteps(from, to, error) : PLMoveFile(from, to, error);
 }
 
-/// The names in a section's folder, after pages that a failing disk left in the middle of a change of case
-/// have their names back.
-QStringList namesInSection(const PLProject &project, PLSection section)
+QStringList tagsOf(const PLProjectItem &item, PLFolderReader &file)
+{
+    if (const std::optional<QByteArrayView> start = file.start()) {
+        const bool isWhole = start->size() < PLFolderReader::startSize;
+        if (const std::optional<QStringList> tags = PLTagsInPageStart(*start, isWhole))
+            return *tags;
+    }
+    return item.readTags();
+}
+
+enum class Reading { Names, NamesAndTags };
+
+/// `isInterrupted` tells whether there is a page that a failing disk left in the middle of a change of case.
+std::vector<ListedPage> listPages(const QString &folder, PLSection section, Reading reading,
+                                  bool &isInterrupted)
+{
+    const ListingOrder order;
+    const QString prefix = folder + u'/';
+    std::vector<ListedPage> pages;
+    for (PLFolderReader file(folder); file.next();) {
+        isInterrupted = isInterrupted || PLIsTemporaryNameForRename(file.name());
+        if (!isPageName(file.name()))
+            continue;
+        PLProjectItemPointer item = PLProjectItem::itemWithPath(prefix + file.name(), section);
+        QStringList tags = reading == Reading::Names ? QStringList() : tagsOf(*item, file);
+        std::optional<QCollatorSortKey> key = order.keyOf(*item);
+        pages.push_back({{std::move(item), std::move(tags)}, std::move(key)});
+    }
+    std::sort(pages.begin(), pages.end(), [&order](const ListedPage &left, const ListedPage &right) {
+        return order.comesBefore(left, right);
+    });
+    return pages;
+}
+
+std::vector<ListedPage> pagesInSection(const PLProject &project, PLSection section, Reading reading)
 {
     const QString folder = PLStandardizedPath(project.URLForSection(section));
-    const QStringList names = PLFileNamesInFolder(folder);
-    if (std::none_of(names.begin(), names.end(), PLIsTemporaryNameForRename))
-        return names;
+    bool isInterrupted = false;
+    std::vector<ListedPage> pages = listPages(folder, section, reading, isInterrupted);
+    if (!isInterrupted)
+        return pages;
     PLRecoverRenames(project, section);
-    return PLFileNamesInFolder(folder);
+    return listPages(folder, section, reading, isInterrupted);
 }
 
 } // namespace
 
 std::vector<PLProjectItemPointer> PLProject::itemsInSection(PLSection section) const
 {
-    const QString prefix = PLStandardizedPath(URLForSection(section)) + u'/';
-    const PLTitleComparer comparer(PLLocalization::localeIdentifier());
-    std::vector<ListedPage> pages;
-    const QStringList names = namesInSection(*this, section);
-    pages.reserve(size_t(names.size()));
-    for (const QString &name : names) {
-        if (!isPageName(name))
-            continue;
-        const PLProjectItemPointer item = PLProjectItem::itemWithPath(prefix + name, section);
-        pages.push_back({item, comparer.sortKey(item->title()), name});
-    }
-    std::sort(pages.begin(), pages.end(), comesBefore);
+    std::vector<ListedPage> pages = pagesInSection(*this, section, Reading::Names);
     std::vector<PLProjectItemPointer> items;
     items.reserve(pages.size());
-    for (ListedPage &page : pages)
-        items.push_back(std::move(page.item));
+    for (ListedPage &listed : pages)
+        items.push_back(std::move(listed.page.item));
+    return items;
+}
+
+std::vector<PLTaggedItem> PLProject::taggedItemsInSection(PLSection section) const
+{
+    std::vector<ListedPage> pages = pagesInSection(*this, section, Reading::NamesAndTags);
+    std::vector<PLTaggedItem> items;
+    items.reserve(pages.size());
+    for (ListedPage &listed : pages)
+        items.push_back(std::move(listed.page));
     return items;
 }
 

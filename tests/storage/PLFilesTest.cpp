@@ -3,6 +3,7 @@
 
 #include "storage/PLFiles.h"
 
+#include "storage/PLFolderReader.h"
 #include "support/PLTestEnvironment.h"
 #include "support/PLTestFiles.h"
 
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void listingGivesAllButFolders();
     void listingLeavesOutNamesThatAreNotUnicode();
     void listingAMissingFolderIsEmpty();
+    void theStartOfAFileIsReadInItsFolder();
     void sweepingDeletesTemporaryFilesOnly();
     void pathsAreStandardized_data();
     void pathsAreStandardized();
@@ -353,6 +355,30 @@ void PLFilesTest::listingAMissingFolderIsEmpty()
     QVERIFY(PLMakeFile(path(u"file"_s)));
     QCOMPARE(PLFileNamesInFolder(path(u"nowhere"_s)), QStringList{});
     QCOMPARE(PLFileNamesInFolder(path(u"file"_s)), QStringList{});
+}
+
+void PLFilesTest::theStartOfAFileIsReadInItsFolder()
+{
+    const QByteArray large(PLFolderReader::startSize + 1, 'x');
+    QVERIFY(PLMakeFile(path(u"large"_s), large));
+    QVERIFY(PLMakeFile(path(u"small"_s), "y"));
+    QVERIFY(PLMakeFile(path(u"empty"_s)));
+    QVERIFY(QFile::link(u"small"_s, path(u"link"_s)));
+    QCOMPARE(::mkfifo(QFile::encodeName(path(u"pipe"_s)).constData(), 0600), 0);
+    QHash<QString, QByteArray> starts;
+    PLFolderReader reader(m_folder->path());
+    QVERIFY(!reader.start()); // there is no file yet
+    while (reader.next()) {
+        const std::optional<QByteArrayView> start = reader.start();
+        starts.insert(reader.name(), start ? start->toByteArray() : "nothing"_ba);
+    }
+    const QHash<QString, QByteArray> expected{{u"large"_s, large.first(PLFolderReader::startSize)},
+                                              {u"small"_s, "y"_ba},
+                                              {u"empty"_s, ""_ba},
+                                              {u"link"_s, "nothing"_ba},
+                                              {u"pipe"_s, "nothing"_ba}};
+    QCOMPARE(starts, expected);
+    QVERIFY(!reader.start()); // the last file is behind
 }
 
 void PLFilesTest::sweepingDeletesTemporaryFilesOnly()

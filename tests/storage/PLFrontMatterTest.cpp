@@ -94,6 +94,9 @@ void PLFrontMatterTest::readingSplitsHeaderAndBody()
     QCOMPARE(fields.size(), keys.size());
     for (qsizetype index = 0; index < keys.size(); ++index)
         QCOMPARE(fields.value(keys[index]), values[index]);
+    for (const QString &key : keys)
+        QCOMPARE(PLFrontMatter::fieldInString(text, key), fields.value(key));
+    QCOMPARE(PLFrontMatter::fieldInString(text, u"nowhere"), QString());
     QCOMPARE(readBody, body);
 }
 

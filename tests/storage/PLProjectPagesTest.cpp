@@ -78,6 +78,7 @@ private Q_SLOTS:
     void onlyPagesAreListed();
     void linksToPagesAreListedAndLinksToFoldersAreNot();
     void whatCannotBeReadIsListedAndReadsAsAnError();
+    void theListingWithTagsIsTheListingAndTheTagsOfEachPage();
     void aMissingSectionIsEmpty();
     void aNameThatIsNotUnicodeIsNeverSavedOver();
 
@@ -219,6 +220,35 @@ void PLProjectPagesTest::whatCannotBeReadIsListedAndReadsAsAnError()
         QCOMPARE(item->readTags(), QStringList{});
     }
     QVERIFY(timer.elapsed() < 1000);
+}
+
+/// Whatever a page is like: the listing reads its start by a quicker road than the page itself does.
+void PLProjectPagesTest::theListingWithTagsIsTheListingAndTheTagsOfEachPage()
+{
+    const QByteArray tags = "tags: b, a\n---\n";
+    QVERIFY(PLMakeFile(path(u"ailleurs.md"_s), "---\n" + tags));
+    QVERIFY(QFile::link(path(u"ailleurs.md"_s), path(u"Livre/2 - Lien.md"_s)));
+    QVERIFY(QFile::link(u"nulle part"_s, path(u"Livre/3 - Rien.md"_s)));
+    QCOMPARE(::mkfifo(QFile::encodeName(path(u"Livre/4 - Tube.md"_s)).constData(), 0600), 0);
+    QVERIFY(PLMakeFile(path(u"Livre/1 - Courte.md"_s), "---\n" + tags));
+    QVERIFY(PLMakeFile(path(u"Livre/Longue.md"_s), "---\nx: " + QByteArray(9000, 'y') + '\n' + tags));
+    QVERIFY(PLMakeFile(path(u"Livre/Au bord.md"_s), "---\nx: " + QByteArray(489, 'y') + '\n' + tags));
+    QVERIFY(PLMakeFile(path(u"Livre/Latin.md"_s), "---\ntags: \xE9t\xE9\n---\n"));
+    QVERIFY(PLMakeFile(path(u"Livre/Large.md"_s), QByteArray("\xFE\xFF\0-\0-\0-\0\n", 10)));
+    QVERIFY(PLMakeFile(path(u"Livre/Sans.md"_s), "Texte."));
+    QVERIFY(PLMakeFile(path(u"Livre/Vide.md"_s)));
+
+    const std::vector<PLProjectItemPointer> items = m_project->itemsInSection(PLSection::Book);
+    const std::vector<PLTaggedItem> tagged = m_project->taggedItemsInSection(PLSection::Book);
+    QCOMPARE(tagged.size(), size_t(10));
+    QCOMPARE(tagged.size(), items.size());
+    int pagesWithTags = 0;
+    for (size_t index = 0; index < items.size(); ++index) {
+        QVERIFY(tagged[index].item->isSameFileAsItem(items[index].get()));
+        QCOMPARE(tagged[index].tags, items[index]->readTags());
+        pagesWithTags += tagged[index].tags.isEmpty() ? 0 : 1;
+    }
+    QCOMPARE(pagesWithTags, 5);
 }
 
 void PLProjectPagesTest::aMissingSectionIsEmpty()

@@ -53,8 +53,7 @@ public:
         m_view->show();
         m_controller.reloadSidebarData();
         // The last page is the one that takes longest to be found again.
-        m_controller.selectSidebarObject(
-            m_controller.tree().section(PLSection::Notes)->children().back().get());
+        m_controller.selectSidebarObject(m_controller.tree().section(PLSection::Notes)->children().back());
         QApplication::processEvents();
     }
 
@@ -69,8 +68,8 @@ public:
 
     void openTags()
     {
-        for (const auto &tag : m_controller.tree().tagSection()->children())
-            m_controller.expandNode(tag.get());
+        for (const PLSidebarNode *tag : m_controller.tree().tagSection()->children())
+            m_controller.expandNode(tag);
     }
 
     /// The times of the frames from the first row to the last.

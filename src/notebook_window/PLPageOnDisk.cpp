@@ -51,7 +51,7 @@ std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item, 
 
 PLProjectItemPointer PLKeepBesidePage(const PLProjectItem &item, const QByteArray &bytes, PLError *error)
 {
-    const QString &path = item.path();
+    const QString path = item.path();
     const QUrl folder = QUrl::fromLocalFile(path.first(path.lastIndexOf(u'/') + 1));
     PLError failure;
     for (int tries = 0; tries < mostNamesTried; ++tries) {

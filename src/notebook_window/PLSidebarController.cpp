@@ -3,6 +3,7 @@
 
 #include "notebook_window/PLSidebarController.h"
 
+#include "notebook_window/PLSidebarPlace.h"
 #include "notebook_window/PLSidebarRowDelegate.h"
 #include "notebook_window/PLSidebarView.h"
 #include "storage/PLProject.h"
@@ -12,22 +13,6 @@
 #include <QScrollBar>
 
 using Kind = PLSidebarNode::Kind;
-
-namespace {
-
-/// The row under this tag (which may be null) for the same file as the reference, null if there is none.
-const PLSidebarNode *referenceUnderTag(const PLSidebarTag *tag, const PLTagReference &reference)
-{
-    if (!tag)
-        return nullptr;
-    for (const auto &candidate : tag->children()) {
-        if (PLItemOfNode(candidate.get())->isSameFileAsItem(reference.referencedItem.get()))
-            return candidate.get();
-    }
-    return nullptr;
-}
-
-} // namespace
 
 PLSidebarController::PLSidebarController(const PLProject &project, QObject *parent)
     : QObject(parent)
@@ -71,7 +56,12 @@ PLSidebarNode *PLSidebarController::selectedNode() const
 
 void PLSidebarController::reloadSidebarData()
 {
-    showTree(std::make_unique<PLSidebarTree>(m_project));
+    const QScopedValueRollback reloading(m_reloading, true);
+    const int scrollPosition = m_view->verticalScrollBar()->value(); // the rows in sight stay where they are
+    m_model.readProject(m_project);
+    expandSectionsAndKnownTags();
+    m_view->doItemsLayout();
+    m_view->verticalScrollBar()->setValue(scrollPosition);
 }
 
 void PLSidebarController::selectSidebarObject(const PLSidebarNode *node)
@@ -98,14 +88,10 @@ void PLSidebarController::reloadSidebarSelectingURL(const QUrl &fileURL, PLSecti
 
 void PLSidebarController::refreshSidebar(const QUrl &currentURL)
 {
-    auto newTree = std::make_unique<PLSidebarTree>(m_project);
-    const PLSidebarNode *selected = selectedNode();
-    // The old tree goes away with its nodes, so the new target is looked up before.
-    const PLSidebarNode *target = selected ? equivalentOf(*selected, *newTree) : nullptr;
-    if (!target)
-        target = newTree->sectionItemForURL(currentURL);
-    showTree(std::move(newTree));
-    selectSidebarObject(target);
+    const PLSidebarPlace selected(selectedNode()); // the rows themselves go away
+    reloadSidebarData();
+    const PLSidebarNode *target = selected.rowIn(tree());
+    selectSidebarObject(target ? target : tree().sectionItemForURL(currentURL));
 }
 
 void PLSidebarController::selectFirstChapter()
@@ -113,7 +99,7 @@ void PLSidebarController::selectFirstChapter()
     reloadSidebarData();
     const PLSidebarSection *book = tree().section(PLSection::Book);
     const bool hasPages = book && book->childCount() > 0;
-    selectSidebarObject(hasPages ? book->children().front().get() : book);
+    selectSidebarObject(hasPages ? book->children().front() : book);
 }
 
 void PLSidebarController::expandNode(const PLSidebarNode *node)
@@ -146,17 +132,6 @@ void PLSidebarController::commitTitle()
     tellTypedTitle();
 }
 
-/// The rows that were in sight stay where they are.
-void PLSidebarController::showTree(std::unique_ptr<PLSidebarTree> tree)
-{
-    const QScopedValueRollback reloading(m_reloading, true);
-    const int scrollPosition = m_view->verticalScrollBar()->value();
-    m_model.setTree(std::move(tree));
-    expandSectionsAndKnownTags();
-    m_view->doItemsLayout();
-    m_view->verticalScrollBar()->setValue(scrollPosition);
-}
-
 void PLSidebarController::rememberExpansion(const QModelIndex &index, bool isExpanded)
 {
     const PLSidebarNode *node = m_model.nodeForIndex(index);
@@ -171,11 +146,11 @@ void PLSidebarController::rememberExpansion(const QModelIndex &index, bool isExp
 
 void PLSidebarController::expandSectionsAndKnownTags()
 {
-    for (const auto &section : tree().root()->children())
-        m_view->expand(m_model.indexForNode(section.get()));
+    for (const PLSidebarNode *section : tree().root()->children())
+        m_view->expand(m_model.indexForNode(section));
     const PLSidebarSection *tags = tree().tagSection();
     for (size_t index = 0; tags && index < tags->children().size(); ++index) {
-        const auto *tag = static_cast<const PLSidebarTag *>(tags->children()[index].get());
+        const auto *tag = static_cast<const PLSidebarTag *>(tags->children()[index]);
         if (m_expandedTags.contains(tag->name.toLower()))
             m_view->expand(m_model.indexForNode(tag));
     }
@@ -188,32 +163,6 @@ bool PLSidebarController::isInSight(const QModelIndex &index) const
             return false;
     }
     return true;
-}
-
-/// The row of the new tree that means what this one of the old tree means, null if there is none.
-const PLSidebarNode *PLSidebarController::equivalentOf(const PLSidebarNode &node,
-                                                       const PLSidebarTree &newTree) const
-{
-    switch (node.kind()) {
-    case Kind::Reference: {
-        const auto &reference = static_cast<const PLTagReference &>(node);
-        if (const PLSidebarNode *same =
-                referenceUnderTag(newTree.sidebarTagNamed(reference.parentTagName), reference))
-            return same;
-        return newTree.sectionItemForURL(reference.referencedItem->fileURL());
-    }
-    case Kind::Tag: {
-        const PLSidebarTag *tag = newTree.sidebarTagNamed(static_cast<const PLSidebarTag &>(node).name);
-        return tag ? static_cast<const PLSidebarNode *>(tag) : newTree.tagSection();
-    }
-    case Kind::Section: {
-        const auto &section = static_cast<const PLSidebarSection &>(node);
-        return section.isTagSection ? newTree.tagSection() : newTree.section(section.section);
-    }
-    case Kind::Page:
-        break;
-    }
-    return newTree.sectionItemForURL(PLItemOfNode(&node)->fileURL());
 }
 
 void PLSidebarController::titleEditingBegan(QLineEdit *field)

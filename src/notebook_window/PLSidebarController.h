@@ -61,11 +61,9 @@ Q_SIGNALS:
     void nameEditingEnded();
 
 private:
-    void showTree(std::unique_ptr<PLSidebarTree> tree);
     void rememberExpansion(const QModelIndex &index, bool isExpanded);
     void expandSectionsAndKnownTags();
     bool isInSight(const QModelIndex &index) const;
-    const PLSidebarNode *equivalentOf(const PLSidebarNode &node, const PLSidebarTree &newTree) const;
     void titleEditingBegan(QLineEdit *field);
     void titleFieldFilled(const QString &title);
     void tellTypedTitle();

@@ -42,10 +42,11 @@ PLSidebarModel::PLSidebarModel(QObject *parent)
 
 PLSidebarModel::~PLSidebarModel() = default;
 
-void PLSidebarModel::setTree(std::unique_ptr<PLSidebarTree> tree)
+void PLSidebarModel::readProject(const PLProject &project)
 {
     beginResetModel();
-    m_tree = std::move(tree);
+    m_tree = std::make_unique<PLSidebarTree>(); // first, so that the new rows can have its memory
+    m_tree = std::make_unique<PLSidebarTree>(project);
     endResetModel();
 }
 
@@ -66,7 +67,7 @@ QModelIndex PLSidebarModel::index(int row, int column, const QModelIndex &parent
     if (!hasIndex(row, column, parent))
         return {};
     const PLSidebarNode *parentNode = parent.isValid() ? nodeForIndex(parent) : m_tree->root();
-    return indexForNode(parentNode->children()[size_t(row)].get());
+    return indexForNode(parentNode->children()[size_t(row)]);
 }
 
 QModelIndex PLSidebarModel::parent(const QModelIndex &index) const

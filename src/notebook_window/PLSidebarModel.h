@@ -17,7 +17,8 @@ public:
     ~PLSidebarModel() override;
 
     const PLSidebarTree &tree() const { return *m_tree; }
-    void setTree(std::unique_ptr<PLSidebarTree> tree);
+    /// Makes all rows anew, as they are on the disk now.
+    void readProject(const PLProject &project);
 
     /// Null for an invalid index, and the reverse.
     PLSidebarNode *nodeForIndex(const QModelIndex &index) const;

@@ -9,7 +9,6 @@
 #include <QString>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -20,7 +19,6 @@ class PLSidebarNode
 public:
     enum class Kind { Section, Page, Tag, Reference };
 
-    virtual ~PLSidebarNode() = default;
     PLSidebarNode(const PLSidebarNode &) = delete;
     PLSidebarNode &operator=(const PLSidebarNode &) = delete;
 
@@ -28,15 +26,15 @@ public:
     PLSidebarNode *parent() const { return m_parent; }
     /// The place among the parent's children.
     int row() const { return m_row; }
-    const std::vector<std::unique_ptr<PLSidebarNode>> &children() const { return m_children; }
+    /// The rows under this one. The tree owns them all.
+    const std::vector<PLSidebarNode *> &children() const { return m_children; }
     int childCount() const { return int(m_children.size()); }
 
-    template <typename Node>
-    Node *append(std::unique_ptr<Node> child)
+    void append(PLSidebarNode &child)
     {
-        Node *added = child.get();
-        adopt(std::move(child), childCount());
-        return added;
+        child.m_parent = this;
+        child.m_row = childCount();
+        m_children.push_back(&child);
     }
 
     /// Puts the children in the order of the keys that `keyOf` makes of them.
@@ -44,32 +42,26 @@ public:
     void sortChildren(KeyOf keyOf)
     {
         using Key = decltype(keyOf(*m_children.front()));
-        std::vector<std::pair<Key, std::unique_ptr<PLSidebarNode>>> keyed;
+        std::vector<std::pair<Key, PLSidebarNode *>> keyed;
         keyed.reserve(m_children.size());
-        for (auto &child : m_children)
-            keyed.emplace_back(keyOf(*child), std::move(child));
+        for (PLSidebarNode *child : m_children)
+            keyed.emplace_back(keyOf(*child), child);
         std::stable_sort(keyed.begin(), keyed.end(),
                          [](const auto &left, const auto &right) { return left.first < right.first; });
         m_children.clear();
-        for (auto &[key, child] : keyed)
-            adopt(std::move(child), childCount());
+        for (const auto &[key, child] : keyed)
+            append(*child);
     }
 
 protected:
     explicit PLSidebarNode(Kind kind) : m_kind(kind) {}
+    ~PLSidebarNode() = default;
 
 private:
-    void adopt(std::unique_ptr<PLSidebarNode> child, int row)
-    {
-        child->m_parent = this;
-        child->m_row = row;
-        m_children.push_back(std::move(child));
-    }
-
     Kind m_kind;
-    PLSidebarNode *m_parent = nullptr;
     int m_row = 0;
-    std::vector<std::unique_ptr<PLSidebarNode>> m_children;
+    PLSidebarNode *m_parent = nullptr;
+    std::vector<PLSidebarNode *> m_children;
 };
 
 /// One of the five sections with its pages, or the section of tags.

@@ -7,40 +7,35 @@
 #include "i18n/PLLocalization.h"
 #include "storage/PLProject.h"
 
-#include <QHash>
+#include <deque>
 
-class PLSidebarTree::Root final : public PLSidebarNode
+/// All rows of a tree. They are made and given back thousands at a time, so they stand side by side.
+struct PLSidebarTree::Rows
 {
-public:
-    Root() : PLSidebarNode(Kind::Section) {}
+    class Root final : public PLSidebarNode
+    {
+    public:
+        Root() : PLSidebarNode(Kind::Section) {}
+    };
+
+    Root root;
+    std::deque<PLSidebarSection> sections;
+    std::deque<PLSidebarPage> pages;
+    std::deque<PLSidebarTag> tags;
+    std::deque<PLTagReference> references;
 };
 
-namespace {
-
-/// Puts the page under each of its tags; a tag is made when it is first met.
-void addReferences(PLSidebarSection &tagSection, QHash<QString, PLSidebarTag *> &tagsByKey,
-                   const PLTaggedItem &page)
-{
-    for (const QString &tag : page.tags) {
-        PLSidebarTag *&node = tagsByKey[tag.toLower()];
-        if (!node)
-            node = tagSection.append(std::make_unique<PLSidebarTag>(tag));
-        node->append(std::make_unique<PLTagReference>(node->name, page.item));
-    }
-}
-
-} // namespace
-
-PLSidebarTree::PLSidebarTree() : m_root(std::make_unique<Root>()) {}
+PLSidebarTree::PLSidebarTree() : m_rows(std::make_unique<Rows>()) {}
 
 PLSidebarTree::PLSidebarTree(const PLProject &project) : PLSidebarTree()
 {
     std::vector<std::vector<PLTaggedItem>> sections;
     for (const PLSection section : PLAllSections) {
-        auto *node = m_root->append(std::make_unique<PLSidebarSection>(section));
+        PLSidebarSection &node = m_rows->sections.emplace_back(section);
+        m_rows->root.append(node);
         sections.push_back(project.taggedItemsInSection(section));
         for (const PLTaggedItem &page : sections.back())
-            node->append(std::make_unique<PLSidebarPage>(page.item));
+            node.append(m_rows->pages.emplace_back(page.item));
     }
     buildTagSectionFromSections(sections);
 }
@@ -49,7 +44,7 @@ PLSidebarTree::~PLSidebarTree() = default;
 
 const PLSidebarNode *PLSidebarTree::root() const
 {
-    return m_root.get();
+    return &m_rows->root;
 }
 
 PLSidebarSection *PLSidebarTree::section(PLSection section) const
@@ -57,14 +52,14 @@ PLSidebarSection *PLSidebarTree::section(PLSection section) const
     const auto index = size_t(section);
     if (index >= std::size(PLAllSections) || isEmpty())
         return nullptr;
-    return static_cast<PLSidebarSection *>(m_root->children()[index].get());
+    return static_cast<PLSidebarSection *>(root()->children()[index]);
 }
 
 PLSidebarSection *PLSidebarTree::tagSection() const
 {
     if (isEmpty())
         return nullptr;
-    auto *last = static_cast<PLSidebarSection *>(m_root->children().back().get());
+    auto *last = static_cast<PLSidebarSection *>(root()->children().back());
     return last->isTagSection ? last : nullptr;
 }
 
@@ -72,8 +67,8 @@ PLSidebarTag *PLSidebarTree::sidebarTagNamed(const QString &name) const
 {
     if (!tagSection())
         return nullptr;
-    for (const auto &node : tagSection()->children()) {
-        auto *tag = static_cast<PLSidebarTag *>(node.get());
+    for (PLSidebarNode *node : tagSection()->children()) {
+        auto *tag = static_cast<PLSidebarTag *>(node);
         if (tag->name.compare(name, Qt::CaseInsensitive) == 0)
             return tag;
     }
@@ -88,8 +83,8 @@ PLSidebarPage *PLSidebarTree::sectionItemForURL(const QUrl &fileURL) const
     for (const PLSection number : PLAllSections) {
         const PLSidebarSection *sectionNode = section(number);
         for (size_t index = 0; sectionNode && index < sectionNode->children().size(); ++index) {
-            auto *page = static_cast<PLSidebarPage *>(sectionNode->children()[index].get());
-            if (page->item->path() == path)
+            auto *page = static_cast<PLSidebarPage *>(sectionNode->children()[index]);
+            if (page->item->hasPath(path))
                 return page;
         }
     }
@@ -98,20 +93,34 @@ PLSidebarPage *PLSidebarTree::sectionItemForURL(const QUrl &fileURL) const
 
 void PLSidebarTree::buildTagSectionFromSections(const std::vector<std::vector<PLTaggedItem>> &sections)
 {
-    auto tagSection = std::make_unique<PLSidebarSection>(PLSection::Book);
-    tagSection->isTagSection = true;
+    PLSidebarSection &tagSection = m_rows->sections.emplace_back(PLSection::Book);
+    tagSection.isTagSection = true;
+    m_rows->root.append(tagSection);
     QHash<QString, PLSidebarTag *> tagsByKey;
     for (const std::vector<PLTaggedItem> &pages : sections) {
         for (const PLTaggedItem &page : pages)
-            addReferences(*tagSection, tagsByKey, page);
+            addReferences(page, tagSection, tagsByKey);
     }
     const PLTitleComparer comparer(PLLocalization::localeIdentifier());
-    tagSection->sortChildren([&comparer](const PLSidebarNode &tag) {
+    tagSection.sortChildren([&comparer](const PLSidebarNode &tag) {
         return comparer.sortKey(static_cast<const PLSidebarTag &>(tag).name);
     });
-    for (const auto &tag : tagSection->children())
-        m_allTags.append(static_cast<const PLSidebarTag *>(tag.get())->name);
-    m_root->append(std::move(tagSection));
+    for (const PLSidebarNode *tag : tagSection.children())
+        m_allTags.append(static_cast<const PLSidebarTag *>(tag)->name);
+}
+
+/// Puts the page under each of its tags; a tag is made when it is first met.
+void PLSidebarTree::addReferences(const PLTaggedItem &page, PLSidebarSection &tagSection,
+                                  QHash<QString, PLSidebarTag *> &tagsByKey)
+{
+    for (const QString &tag : page.tags) {
+        PLSidebarTag *&node = tagsByKey[tag.toLower()];
+        if (!node) {
+            node = &m_rows->tags.emplace_back(tag);
+            tagSection.append(*node);
+        }
+        node->append(m_rows->references.emplace_back(node->name, page.item));
+    }
 }
 
 PLProjectItemPointer PLItemOfNode(const PLSidebarNode *node)

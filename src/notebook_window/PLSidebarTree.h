@@ -5,8 +5,11 @@
 
 #include "notebook_window/PLSidebarNodes.h"
 
+#include <QHash>
 #include <QStringList>
 #include <QUrl>
+
+#include <memory>
 
 class PLProject;
 struct PLTaggedItem;
@@ -39,12 +42,15 @@ public:
     PLSidebarPage *sectionItemForURL(const QUrl &fileURL) const;
 
 private:
-    class Root;
+    struct Rows;
 
     /// Gathers the tags of the pages of each section.
     void buildTagSectionFromSections(const std::vector<std::vector<PLTaggedItem>> &sections);
 
-    std::unique_ptr<Root> m_root;
+    void addReferences(const PLTaggedItem &page, PLSidebarSection &tagSection,
+                       QHash<QString, PLSidebarTag *> &tagsByKey);
+
+    std::unique_ptr<Rows> m_rows;
     QStringList m_allTags;
 };
 

@@ -9,9 +9,9 @@
 #include <memory>
 #include <optional>
 
-/// Goes through the files of a folder one by one, in no order, hidden ones too. Left out are folders, links to
-/// folders, and names that are not valid Unicode, since no path could reach those files. There is nothing to
-/// go through in a folder that cannot be read.
+/// Goes through the files of a folder one by one, in no order, hidden ones too. Left out are folders, links
+/// to folders, and names that are not valid Unicode, since no path could reach those files. There is nothing
+/// to go through in a folder that cannot be read.
 class PLFolderReader final
 {
 public:

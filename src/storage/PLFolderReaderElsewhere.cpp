@@ -37,8 +37,7 @@ const QString &PLFolderReader::name() const
 
 std::optional<QByteArrayView> PLFolderReader::start()
 {
-    const std::optional<QByteArray> bytes =
-        PLReadFile(m_private->entries.filePath(), nullptr, startSize);
+    const std::optional<QByteArray> bytes = PLReadFile(m_private->entries.filePath(), nullptr, startSize);
     if (!bytes)
         return std::nullopt;
     m_private->start = *bytes;

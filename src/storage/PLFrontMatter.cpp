@@ -43,7 +43,7 @@ public:
     /// Where the closing fence ends.
     qsizetype end() const { return m_fence + closingFence.size(); }
 
-    /// Calls `receive` with the key, in lower case, and the value of each field.
+    /// Calls `receive` with the key as it is written, and the value, of each field.
     template <typename Receive>
     void eachField(Receive receive) const
     {
@@ -51,7 +51,7 @@ public:
             const qsizetype colon = line.indexOf(u':');
             const QStringView key = colon < 0 ? QStringView() : PLTrimmedSpaces(line.first(colon));
             if (!key.isEmpty())
-                receive(key.toString().toLower(), PLTrimmedSpaces(line.sliced(colon + 1)));
+                receive(key, PLTrimmedSpaces(line.sliced(colon + 1)));
         }
     }
 
@@ -59,6 +59,11 @@ private:
     qsizetype m_fence; ///< where the closing one is, -1 for none
     QStringView m_lines;
 };
+
+QString lowerCased(QStringView text)
+{
+    return text.toString().toLower();
+}
 
 QString withLineFeeds(const QString &text)
 {
@@ -84,7 +89,8 @@ PLFrontMatter::Fields PLFrontMatter::fieldsFromString(const QString &text, QStri
     const Header header(normalized);
     QStringList order;
     Fields fields;
-    header.eachField([&](const QString &key, QStringView value) {
+    header.eachField([&](QStringView writtenKey, QStringView value) {
+        const QString key = lowerCased(writtenKey);
         if (!fields.contains(key))
             order.append(key);
         fields.insert(key, value.toString());
@@ -100,8 +106,9 @@ QString PLFrontMatter::fieldInString(const QString &text, QStringView key)
 {
     const QString normalized = withLineFeeds(text);
     QString found;
-    Header(normalized).eachField([&](const QString &fieldKey, QStringView value) {
-        if (fieldKey == key)
+    Header(normalized).eachField([&](QStringView writtenKey, QStringView value) {
+        // Nothing that is longer or shorter has an ASCII text for its lower case.
+        if (writtenKey.size() == key.size() && lowerCased(writtenKey) == key)
             found = value.toString();
     });
     return found;

@@ -21,7 +21,8 @@ public:
     /// else is changed), `keys` the keys in order of first appearance.
     static Fields fieldsFromString(const QString &text, QString *body = nullptr, QStringList *keys = nullptr);
 
-    /// The value of one field, empty without it: what fieldsFromString has under this lower-case key.
+    /// The value of one field, empty without it: what fieldsFromString has under this key, which is in ASCII
+    /// and lower case.
     static QString fieldInString(const QString &text, QStringView key);
 
     /// The file text: one line for each of `keys` (line ends in a value become spaces), a blank line, the

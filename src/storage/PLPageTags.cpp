@@ -8,6 +8,7 @@
 #include "storage/PLFrontMatter.h"
 
 #include <QSet>
+#include <QVarLengthArray>
 
 using namespace Qt::StringLiterals;
 
@@ -22,18 +23,26 @@ public:
     void add(QStringView tag)
     {
         const QString name = PLTrimmedSpacesAndNewlines(tag).toString().replace(u',', u' ');
-        const qsizetype met = m_keys.size();
-        if (!name.isEmpty())
-            m_keys.insert(name.toLower());
-        if (m_keys.size() > met)
-            m_tags.append(name);
+        if (name.isEmpty())
+            return;
+        const QString key = name.toLower();
+        if (m_keys.contains(key) || m_moreKeys.contains(key))
+            return;
+        if (m_keys.size() < few)
+            m_keys.append(key);
+        else
+            m_moreKeys.insert(key);
+        m_tags.append(name);
     }
 
     const QStringList &tags() const { return m_tags; }
 
 private:
+    static constexpr qsizetype few = 8; ///< most pages have fewer, which are quicker compared than hashed
+
     QStringList m_tags;
-    QSet<QString> m_keys; ///< in lower case
+    QVarLengthArray<QString, few> m_keys; ///< of the first tags, in lower case
+    QSet<QString> m_moreKeys;             ///< of the others
 };
 
 bool hasUTF16Mark(QByteArrayView bytes)

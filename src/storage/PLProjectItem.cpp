@@ -35,22 +35,22 @@ qint64 integerValue(const QString &digits)
 
 struct NumberedTitle
 {
-    qint64 number = 0;
+    qint64 number;
     QString title;
 };
 
-/// Takes a chapter's number from the front of its file name.
-NumberedTitle numberedTitle(const QString &name)
+/// Takes a chapter's number from the front of its file name, nothing if there is none.
+std::optional<NumberedTitle> numberedTitle(const QString &name)
 {
     static const std::optional<PLPattern> pattern =
         PLPattern::compiled(u"^\\s*(\\d+)\\s*[-–—._]?\\s*(.*)$"_s);
     const std::optional<QStringList> groups = pattern->firstMatch(name);
     if (!groups)
-        return {0, name};
+        return std::nullopt;
     const qint64 number = integerValue(groups->at(1));
     if (!groups->at(2).isEmpty())
-        return {number, groups->at(2)};
-    return {number, PLFormat(PLLocalizedString(u"Chapitre %ld"_s), {QString::number(number)})};
+        return NumberedTitle{number, groups->at(2)};
+    return NumberedTitle{number, PLFormat(PLLocalizedString(u"Chapitre %ld"_s), {QString::number(number)})};
 }
 
 QStringView withoutExtension(QStringView fileName)
@@ -63,13 +63,16 @@ QStringView withoutExtension(QStringView fileName)
 
 PLProjectItemPointer PLProjectItem::itemWithURL(const QUrl &fileURL, PLSection section)
 {
-    return itemWithPath(PLStandardizedPath(fileURL), section);
+    const auto item = std::make_shared<PLProjectItem>(Private(), section);
+    item->setFileURL(fileURL);
+    return item;
 }
 
-PLProjectItemPointer PLProjectItem::itemWithPath(const QString &path, PLSection section)
+PLProjectItemPointer PLProjectItem::itemInFolder(const QString &folder, const QString &fileName,
+                                                 PLSection section)
 {
     const auto item = std::make_shared<PLProjectItem>(Private(), section);
-    item->setPath(path);
+    item->setFile(folder, fileName);
     return item;
 }
 
@@ -97,7 +100,7 @@ QString PLProjectItem::stringFromTags(const QStringList &tags)
 
 QString PLProjectItem::readContents(PLError *error) const
 {
-    const std::optional<QByteArray> bytes = PLReadFile(m_path, error);
+    const std::optional<QByteArray> bytes = PLReadFile(path(), error);
     if (!bytes)
         return QString();
     const std::optional<QString> text = PLDecodedText(*bytes, error);
@@ -108,13 +111,13 @@ QString PLProjectItem::readContents(PLError *error) const
 
 bool PLProjectItem::writeContents(const QString &text, PLError *error, PLWriteMode mode) const
 {
-    return PLWriteFile(m_path, text.toUtf8(), mode, error);
+    return PLWriteFile(path(), text.toUtf8(), mode, error);
 }
 
 QStringList PLProjectItem::readTags() const
 {
     for (qint64 limit = PLFolderReader::startSize;; limit *= chunkGrowth) {
-        const std::optional<QByteArray> bytes = PLReadFile(m_path, nullptr, limit);
+        const std::optional<QByteArray> bytes = PLReadFile(path(), nullptr, limit);
         if (!bytes)
             return {};
         if (const std::optional<QStringList> tags = PLTagsInPageStart(*bytes, bytes->size() < limit))
@@ -126,24 +129,38 @@ bool PLProjectItem::isSameFileAsItem(const PLProjectItem *other) const
 {
     if (!other)
         return false;
-    return this == other || m_path == other->m_path;
+    return this == other || (m_fileName == other->m_fileName && m_folder == other->m_folder);
+}
+
+bool PLProjectItem::hasPath(QStringView path) const
+{
+    return path.size() == m_folder.size() + m_fileName.size() && path.endsWith(m_fileName) &&
+           path.startsWith(m_folder);
 }
 
 void PLProjectItem::setFileURL(const QUrl &fileURL)
 {
-    setPath(PLStandardizedPath(fileURL));
+    const QString path = PLStandardizedPath(fileURL);
+    const qsizetype nameStart = path.lastIndexOf(u'/') + 1;
+    setFile(path.first(nameStart), path.sliced(nameStart));
 }
 
-void PLProjectItem::setPath(const QString &path)
+QString PLProjectItem::title() const
 {
-    m_path = path;
-    const QString name = withoutExtension(QStringView(path).sliced(path.lastIndexOf(u'/') + 1)).toString();
-    const NumberedTitle derived = m_section == PLSection::Book ? numberedTitle(name) : NumberedTitle{0, name};
-    m_number = derived.number;
-    m_title = derived.title;
+    return m_chapterTitle.isNull() ? withoutExtension(m_fileName).toString() : m_chapterTitle;
+}
+
+void PLProjectItem::setFile(const QString &folder, const QString &fileName)
+{
+    m_folder = folder;
+    m_fileName = fileName;
+    const bool isChapter = m_section == PLSection::Book;
+    const auto chapter = isChapter ? numberedTitle(withoutExtension(fileName).toString()) : std::nullopt;
+    m_number = chapter ? chapter->number : 0;
+    m_chapterTitle = chapter ? chapter->title : QString();
 }
 
 QString PLProjectItem::debugDescription() const
 {
-    return PLFormat(u"<PLProjectItem %@ (%ld)>"_s, {m_title, QString::number(m_number)});
+    return PLFormat(u"<PLProjectItem %@ (%ld)>"_s, {title(), QString::number(m_number)});
 }

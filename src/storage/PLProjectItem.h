@@ -22,15 +22,16 @@ class PLProjectItem final
     };
 
 public:
-    /// For itemWithURL and itemWithPath alone, which make the pointers.
+    /// For itemWithURL and itemInFolder alone, which make the pointers.
     PLProjectItem(Private, PLSection section) : m_section(section) {}
 
     /// A page whose fields are derived from the file name. Nothing is read.
     static std::shared_ptr<PLProjectItem> itemWithURL(const QUrl &fileURL, PLSection section);
 
-    /// The same by its path, in the form of PLStandardizedPath. A listing makes thousands: no URL is made
-    /// here.
-    static std::shared_ptr<PLProjectItem> itemWithPath(const QString &path, PLSection section);
+    /// The same by its name in a folder, whose path is in the form of PLStandardizedPath with a slash at the
+    /// end. A listing makes thousands, which share that one text.
+    static std::shared_ptr<PLProjectItem> itemInFolder(const QString &folder, const QString &fileName,
+                                                       PLSection section);
 
     /// "03 - La fuite.md" for a numbered page of the book, else "La fuite.md". The title is used as it is.
     static QString fileNameForTitle(const QString &title, qint64 number, PLSection section);
@@ -40,13 +41,14 @@ public:
     static QStringList tagsFromString(const QString &text);
     static QString stringFromTags(const QStringList &tags);
 
-    QUrl fileURL() const { return QUrl::fromLocalFile(m_path); }
+    QUrl fileURL() const { return QUrl::fromLocalFile(path()); }
     /// The file's path in the form of PLStandardizedPath: what files are compared by.
-    const QString &path() const { return m_path; }
+    QString path() const { return m_folder + m_fileName; }
+    const QString &fileName() const { return m_fileName; }
     PLSection section() const { return m_section; }
     /// The chapter number; 0 for none, and always 0 outside the book.
     qint64 number() const { return m_number; }
-    QString title() const { return m_title; }
+    QString title() const;
 
     /// The whole text of the file, null with the error if it cannot be read. Line ends are as in the file.
     [[nodiscard]] QString readContents(PLError *error = nullptr) const;
@@ -59,6 +61,9 @@ public:
     /// True if both are the same file: the standardised paths are equal, case included. False against null.
     bool isSameFileAsItem(const PLProjectItem *other) const;
 
+    /// True if this is the path of the file.
+    bool hasPath(QStringView path) const;
+
     /// Makes this item the page at another URL, as after a rename.
     void setFileURL(const QUrl &fileURL);
 
@@ -66,12 +71,13 @@ public:
     QString debugDescription() const;
 
 private:
-    void setPath(const QString &path);
+    void setFile(const QString &folder, const QString &fileName);
 
-    QString m_path;
+    QString m_folder; ///< with a slash at the end
+    QString m_fileName;
     PLSection m_section;
     qint64 m_number = 0;
-    QString m_title;
+    QString m_chapterTitle; ///< without the number; null if the title is the file's name
 };
 
 using PLProjectItemPointer = std::shared_ptr<PLProjectItem>;

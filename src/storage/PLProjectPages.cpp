@@ -44,7 +44,7 @@ public:
         const int order = left.titleKey && right.titleKey
                               ? left.titleKey->compare(*right.titleKey)
                               : m_comparer.compare(leftItem.title(), rightItem.title());
-        return order != 0 ? order < 0 : leftItem.path() < rightItem.path();
+        return order != 0 ? order < 0 : leftItem.fileName() < rightItem.fileName();
     }
 
     std::optional<QCollatorSortKey> keyOf(const PLProjectItem &item) const
@@ -118,7 +118,7 @@ std::vector<ListedPage> listPages(const QString &folder, PLSection section, Read
         isInterrupted = isInterrupted || PLIsTemporaryNameForRename(file.name());
         if (!isPageName(file.name()))
             continue;
-        PLProjectItemPointer item = PLProjectItem::itemWithPath(prefix + file.name(), section);
+        PLProjectItemPointer item = PLProjectItem::itemInFolder(prefix, file.name(), section);
         QStringList tags = reading == Reading::Names ? QStringList() : tagsOf(*item, file);
         std::optional<QCollatorSortKey> key = order.keyOf(*item);
         pages.push_back({{std::move(item), std::move(tags)}, std::move(key)});

@@ -75,7 +75,7 @@ void PLNotebookFailuresTest::aPageThatCannotBeSavedDoesNotHoldTheWriter()
 
     const PLSidebarNode *node = nullptr;
     if (chosen == u"page")
-        node = tree.section(PLSection::Characters)->children()[0].get();
+        node = tree.section(PLSection::Characters)->children()[0];
     else if (chosen == u"tag")
         node = tree.sidebarTagNamed(u"bal"_s);
     m_window->sidebar().selectSidebarObject(node);

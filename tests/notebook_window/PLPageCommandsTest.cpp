@@ -183,7 +183,7 @@ void PLPageCommandsTest::whatIsRevealedIsTheRowsPlace()
     };
 
     QCOMPARE(revealed(window.sidebar().selectedNode()), window.notebook.path(u"Livre/1 - A.md"_s));
-    QCOMPARE(revealed(tag->children()[0].get()), window.notebook.path(u"Livre/1 - A.md"_s));
+    QCOMPARE(revealed(tag->children()[0]), window.notebook.path(u"Livre/1 - A.md"_s));
     QCOMPARE(revealed(window.sidebar().tree().section(PLSection::Places)), window.notebook.path(u"Lieux"_s));
     QCOMPARE(revealed(window.sidebar().tree().tagSection()), window.notebook.path());
     QCOMPARE(revealed(tag), window.notebook.path());

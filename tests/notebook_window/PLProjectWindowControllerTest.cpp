@@ -187,7 +187,7 @@ void PLProjectWindowControllerTest::thePageChosenAgainThroughItsTagIsNotLoadedAg
     window.sidebar().expandNode(tag);
     window.type(u"x"_s);
 
-    window.sidebar().selectSidebarObject(tag->children()[0].get());
+    window.sidebar().selectSidebarObject(tag->children()[0]);
 
     QCOMPARE(window.editor()->text(), u"xtexte"_s);
     QVERIFY(window.session().isDirty());
@@ -215,7 +215,7 @@ void PLProjectWindowControllerTest::selectionChangesAreToldOnce()
     window.notebook.write(u"Livre/1 - A.md"_s, page(u"bal"_s));
     window.open();
     QSignalSpy changes(&window.sidebar(), &PLSidebarController::selectionChanged);
-    const PLSidebarNode *reference = window.sidebar().tree().sidebarTagNamed(u"bal"_s)->children()[0].get();
+    const PLSidebarNode *reference = window.sidebar().tree().sidebarTagNamed(u"bal"_s)->children()[0];
 
     window.sidebar().selectSidebarObject(reference); // out of sight: its tag is closed
     QCOMPARE(changes.count(), 1);
@@ -287,7 +287,7 @@ void PLProjectWindowControllerTest::theSelectionSurvivesARefresh()
     if (row == u"page")
         node = window.sidebar().tree().sectionItemForURL(window.notebook.url(u"Livre/2 - B.md"_s));
     else if (row == u"reference")
-        node = tag->children()[1].get();
+        node = tag->children()[1];
     else if (row == u"tag")
         node = tag;
     else if (row == u"section")
@@ -317,7 +317,7 @@ void PLProjectWindowControllerTest::aReferenceThatIsGoneGivesWayToThePage()
     window.open();
     const PLSidebarTag *tag = window.sidebar().tree().sidebarTagNamed(u"bal"_s);
     window.sidebar().expandNode(tag);
-    window.sidebar().selectSidebarObject(tag->children()[0].get());
+    window.sidebar().selectSidebarObject(tag->children()[0]);
     window.notebook.write(u"Livre/1 - A.md"_s, u"sans tag"_s);
 
     window.controller->refreshSidebar();

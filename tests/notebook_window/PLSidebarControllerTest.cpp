@@ -108,7 +108,7 @@ void PLSidebarControllerTest::thePageStaysOpenWhenItsRowIsClosed()
     const PLSidebarNode *parent = isUnderTag ? static_cast<const PLSidebarNode *>(tagNamed(u"bal"_s))
                                              : sidebar().tree().section(PLSection::Book);
     sidebar().expandNode(parent);
-    sidebar().selectSidebarObject(parent->children()[0].get());
+    sidebar().selectSidebarObject(parent->children()[0]);
     view()->collapse(indexOf(parent));
 
     QCOMPARE(sidebar().selectedNode(), nullptr);
@@ -127,7 +127,7 @@ void PLSidebarControllerTest::aRowInAClosedSectionIsNotSelected()
     view()->collapse(indexOf(book));
     QSignalSpy changes(&sidebar(), &PLSidebarController::selectionChanged);
 
-    sidebar().selectSidebarObject(book->children()[1].get());
+    sidebar().selectSidebarObject(book->children()[1]);
 
     QCOMPARE(sidebar().selectedNode(), nullptr);
     QVERIFY(view()->selectionModel()->selectedIndexes().isEmpty());
@@ -174,7 +174,7 @@ void PLSidebarControllerTest::whatIsGoneGivesWay()
     const PLSidebarTag *tag = tagNamed(u"bal"_s);
     sidebar().expandNode(tag);
     sidebar().selectSidebarObject(kind == u"tag" ? static_cast<const PLSidebarNode *>(tag)
-                                                 : tag->children()[0].get());
+                                                 : tag->children()[0]);
     m_window->notebook.write(u"Livre/01 - A.md"_s, u"sans tag"_s);
 
     m_window->controller->refreshSidebar();
@@ -207,9 +207,9 @@ void PLSidebarControllerTest::rowsHaveTheirHeights()
 
     QCOMPARE(height(book), 28 + spacing);
     QCOMPARE(height(sidebar().tree().tagSection()), 28 + spacing);
-    QCOMPARE(height(book->children()[0].get()), 22 + spacing);
+    QCOMPARE(height(book->children()[0]), 22 + spacing);
     QCOMPARE(height(tag), 22 + spacing);
-    QCOMPARE(height(tag->children()[0].get()), 22 + spacing);
+    QCOMPARE(height(tag->children()[0]), 22 + spacing);
     QCOMPARE(view()->indentation(), 12);
 }
 
@@ -228,7 +228,7 @@ void PLSidebarControllerTest::theModelKeepsTheRulesThroughAWritersDay()
     m_window->session().saveChangedTags();
     m_window->controller->refreshSidebar();
     sidebar().expandNode(tagNamed(u"ville"_s));
-    sidebar().selectSidebarObject(tagNamed(u"ville"_s)->children()[0].get());
+    sidebar().selectSidebarObject(tagNamed(u"ville"_s)->children()[0]);
     commands.trashItem(m_window->session().currentItem());
 
     QVERIFY(!tagNamed(u"ville"_s));

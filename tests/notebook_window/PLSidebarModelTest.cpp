@@ -50,14 +50,17 @@ void PLSidebarModelTest::theModelKeepsTheRulesOfModels()
     notebook.write(u"Livre/1 - A.md"_s, u"---\ntags: x, y\n---\n"_s);
     PLSidebarModel model;
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QCOMPARE(model.rowCount(), 0);
 
-    model.setTree(std::make_unique<PLSidebarTree>(*notebook.open()));
+    model.readProject(*notebook.open());
     QCOMPARE(model.rowCount(), 6);
     notebook.write(u"Livre/2 - B.md"_s, u""_s);
-    model.setTree(std::make_unique<PLSidebarTree>(*notebook.open()));
+    model.readProject(*notebook.open());
     QCOMPARE(model.rowCount(model.index(0, 0)), 2);
-    model.setTree(std::make_unique<PLSidebarTree>());
-    QCOMPARE(model.rowCount(), 0);
+    QVERIFY(QDir(notebook.path()).removeRecursively());
+    model.readProject(*notebook.open());
+    QCOMPARE(model.rowCount(), 6);
+    QCOMPARE(model.rowCount(model.index(0, 0)), 0);
 }
 
 void PLSidebarModelTest::rowsSayWhatTheyAre_data()
@@ -92,7 +95,7 @@ void PLSidebarModelTest::rowsSayWhatTheyAre()
     notebook.write(u"Livre/Prologue.md"_s, u""_s);
     notebook.write(u"Personnages/Emma.md"_s, u"---\ntags: Bal\n---\n"_s);
     PLSidebarModel model;
-    model.setTree(std::make_unique<PLSidebarTree>(*notebook.open()));
+    model.readProject(*notebook.open());
 
     const QModelIndex index = find(model, text);
     QVERIFY2(index.isValid(), qPrintable(text));
@@ -109,7 +112,7 @@ void PLSidebarModelTest::onlyPagesInTheirSectionCanBeRenamed()
     PLTestNotebook notebook;
     notebook.write(u"Livre/4 - Le bal.md"_s, u"---\ntags: bal\n---\n"_s);
     PLSidebarModel model;
-    model.setTree(std::make_unique<PLSidebarTree>(*notebook.open()));
+    model.readProject(*notebook.open());
     const auto isEditable = [](const QModelIndex &index) {
         return index.flags().testFlag(Qt::ItemIsEditable);
     };
@@ -127,9 +130,9 @@ void PLSidebarModelTest::nodesAndIndexesLeadToEachOther()
     PLTestNotebook notebook;
     notebook.write(u"Livre/4 - Le bal.md"_s, u"---\ntags: bal\n---\n"_s);
     PLSidebarModel model;
-    model.setTree(std::make_unique<PLSidebarTree>(*notebook.open()));
+    model.readProject(*notebook.open());
 
-    const PLSidebarNode *reference = model.tree().sidebarTagNamed(u"bal"_s)->children()[0].get();
+    const PLSidebarNode *reference = model.tree().sidebarTagNamed(u"bal"_s)->children()[0];
     const QModelIndex index = model.indexForNode(reference);
     QCOMPARE(model.nodeForIndex(index), reference);
     QCOMPARE(index.parent().data().toString(), u"# bal  (1)"_s);

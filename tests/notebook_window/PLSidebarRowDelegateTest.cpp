@@ -53,7 +53,7 @@ void PLSidebarRowDelegateTest::init()
 {
     m_notebook.write(u"Livre/01 - HHHH.md"_s, u"---\ntags: HHHH\n---\n"_s);
     m_notebook.write(u"Lieux/%1.md"_s.arg(QString(100, u'H')), u""_s);
-    m_model.setTree(std::make_unique<PLSidebarTree>(*m_notebook.open()));
+    m_model.readProject(*m_notebook.open());
 }
 
 const PLSidebarNode *PLSidebarRowDelegateTest::node(Row row) const
@@ -65,13 +65,13 @@ const PLSidebarNode *PLSidebarRowDelegateTest::node(Row row) const
     case Tags:
         return tree.tagSection();
     case Page:
-        return tree.section(PLSection::Book)->children()[0].get();
+        return tree.section(PLSection::Book)->children()[0];
     case Tag:
-        return tree.tagSection()->children()[0].get();
+        return tree.tagSection()->children()[0];
     case Reference:
         break;
     }
-    return tree.tagSection()->children()[0]->children()[0].get();
+    return tree.tagSection()->children()[0]->children()[0];
 }
 
 QImage PLSidebarRowDelegateTest::drawn(const PLSidebarNode *node, bool isSelected) const
@@ -163,7 +163,7 @@ void PLSidebarRowDelegateTest::aTextBeginsAfterItsInset()
 
 void PLSidebarRowDelegateTest::aLongTitleEndsBeforeTheEdge()
 {
-    const QImage image = drawn(m_model.tree().section(PLSection::Places)->children()[0].get());
+    const QImage image = drawn(m_model.tree().section(PLSection::Places)->children()[0]);
 
     const QRect ink = inkOf(image, image.rect());
     QVERIFY(ink.right() < width - 2);

@@ -20,8 +20,8 @@ QString page(const QString &tags)
 QStringList titlesOf(const PLSidebarNode &node)
 {
     QStringList titles;
-    for (const auto &child : node.children())
-        titles.append(PLItemOfNode(child.get())->title());
+    for (const PLSidebarNode *child : node.children())
+        titles.append(PLItemOfNode(child)->title());
     return titles;
 }
 
@@ -85,10 +85,9 @@ void PLSidebarTreeTest::tagsThatDifferInCaseAreOneSpelledAsFirstMet()
     QCOMPARE(tree.allTags(), QStringList{u"Paris"_s});
     const PLSidebarTag *tag = tree.sidebarTagNamed(u"Paris"_s);
     QCOMPARE(titlesOf(*tag), QStringList({u"A"_s, u"F"_s}));
-    for (const auto &reference : tag->children())
-        QCOMPARE(static_cast<PLTagReference &>(*reference).parentTagName, u"Paris"_s);
-    QCOMPARE(PLItemOfNode(tag->children()[0].get()),
-             PLItemOfNode(tree.section(PLSection::Book)->children()[0].get()));
+    for (const PLSidebarNode *reference : tag->children())
+        QCOMPARE(static_cast<const PLTagReference *>(reference)->parentTagName, u"Paris"_s);
+    QCOMPARE(PLItemOfNode(tag->children()[0]), PLItemOfNode(tree.section(PLSection::Book)->children()[0]));
 }
 
 void PLSidebarTreeTest::accentsKeepTagsApart()

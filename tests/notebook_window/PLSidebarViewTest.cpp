@@ -138,7 +138,7 @@ void PLSidebarViewTest::arrowsOpenAndCloseTags()
     QTest::keyClick(view(), Qt::Key_Right);
     QTest::keyClick(view(), Qt::Key_Down);
 
-    QCOMPARE(m_window->sidebar().selectedNode(), tag->children()[0].get());
+    QCOMPARE(m_window->sidebar().selectedNode(), tag->children()[0]);
     QCOMPARE(m_window->editor()->text(), u"deux"_s);
 }
 
@@ -269,7 +269,7 @@ void PLSidebarViewTest::theContextMenuIsForTheRowThatWasClicked()
     qputenv("XDG_DATA_HOME", data.path().toUtf8());
     whenMenuOpens([](const QMenu &menu) { menu.actions().constLast()->trigger(); });
 
-    rightClick(indexOf(m_window->sidebar().tree().section(PLSection::Characters)->children()[0].get()));
+    rightClick(indexOf(m_window->sidebar().tree().section(PLSection::Characters)->children()[0]));
 
     QCOMPARE(m_window->alerts, QStringList{u"Mettre « Émile » à la corbeille ?"_s});
     QVERIFY(!m_window->notebook.exists(u"Personnages/Émile.md"_s));

@@ -178,7 +178,7 @@ void PLTitleEditingTest::aPageUnderATagIsRenamedInItsSection()
     window.open();
     const PLSidebarTag *tag = window.sidebar().tree().sidebarTagNamed(u"ville"_s);
     window.sidebar().expandNode(tag);
-    window.sidebar().selectSidebarObject(tag->children()[0].get());
+    window.sidebar().selectSidebarObject(tag->children()[0]);
     beginTitle(window);
 
     QCOMPARE(window.sidebar().selectedNode()->kind(), PLSidebarNode::Kind::Page);

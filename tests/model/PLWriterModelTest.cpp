@@ -109,18 +109,22 @@ void PLWriterModelTest::aWritersDaysGoAsTheModelSays()
     const auto seed = quint32(
         numberFromEnvironment("AQUILANE_MODEL_SEED", int(QRandomGenerator::system()->generate() >> 1)));
     qInfo("seed %u, %d steps", seed, total);
+    QElapsedTimer clock;
+    clock.start();
     QRandomGenerator random(seed);
     for (int done = 0; done < total; done += stepsOfADay) {
         Steps steps = randomSteps(random, stepsOfADay);
         const QString problem = play(steps);
         if (problem.isNull())
             continue;
+        const auto found = done + steps.size();
         steps = shrunk(steps);
         for (const PLWriterStep &step : steps)
             qInfo("  %s", qPrintable(step.description()));
         const QString after = play(steps);
-        QFAIL(qPrintable(u"seed %1: %2; shrunk: %3"_s.arg(seed).arg(problem, after)));
+        QFAIL(qPrintable(u"seed %1, step %2: %3; shrunk: %4"_s.arg(seed).arg(found).arg(problem, after)));
     }
+    qInfo("%.1f seconds", double(clock.elapsed()) / 1000);
 }
 
 QTEST_MAIN(PLWriterModelTest)

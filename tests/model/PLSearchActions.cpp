@@ -109,7 +109,8 @@ void replace(PLWriter &writer, bool goesOn)
     const bool isMatch = writer.search.matches(desk.model.page.text).contains(range);
     press(desk, goesOn ? u"Remplacer et rechercher"_s : u"Remplacer"_s);
     if (isMatch) {
-        desk.expectInserted(range, writer.search.replacement);
+        QString text = desk.model.page.text;
+        desk.model.textBecame(text.replace(range.position, range.length, writer.search.replacement));
         range = {range.position + writer.search.replacement.size(), 0};
     }
     if (!isMatch || goesOn)
@@ -135,7 +136,7 @@ void replaceAll(PLWriter &writer)
     const QString before = desk.model.page.text;
     const QString after = writer.search.replacedAll(before);
     press(desk, u"Tout remplacer"_s);
-    desk.expectInserted({0, before.size()}, after);
+    desk.model.textBecame(after);
     if (after == before || desk.editor()->text() != after)
         return; // checked when the step is over
     desk.textView()->undo();

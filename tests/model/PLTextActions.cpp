@@ -124,7 +124,7 @@ void stepBack(PLWriter &writer, quint32 steps, quint32 isRedo)
         const QString text = desk.editor()->text();
         if (!desk.model.texts.contains(text))
             desk.fail(u"undo or redo leads to a text that never was"_s);
-        desk.model.textBecame(text);
+        desk.expectText(text);
     }
 }
 

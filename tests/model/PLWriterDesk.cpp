@@ -130,8 +130,12 @@ void PLWriterDesk::expectSaved()
 void PLWriterDesk::expectInserted(const PLTextRange &range, const QString &inserted)
 {
     QString text = model.page.text;
-    text.replace(range.position, range.length, inserted);
-    // The same again may count as a change or not.
+    expectText(text.replace(range.position, range.length, inserted));
+}
+
+/// The same again, typed over itself, may count as a change or not.
+void PLWriterDesk::expectText(const QString &text)
+{
     if (text == model.page.text)
         model.dirty = session().isDirty();
     model.textBecame(text);

@@ -45,7 +45,9 @@ struct PLWriterDesk
     /// The page was, or had to be, written just now. If the file is not what it was left as, its text is kept
     /// in a page beside it.
     void expectSaved();
-    /// The text with `inserted` in place of the range is what the screen must show now.
+    /// The page was edited just now: this is what the screen must show.
+    void expectText(const QString &text);
+    /// The same of the text as it was, with `inserted` in place of the range.
     void expectInserted(const PLTextRange &range, const QString &inserted);
     /// Takes a page that the program has just made into the model; its path, null with the failure if it is
     /// not one page more.

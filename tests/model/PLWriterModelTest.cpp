@@ -24,10 +24,10 @@ int numberFromEnvironment(const char *name, int otherwise)
 
 QtMessageHandler testHandler = nullptr;
 
-/// Of the platform without a screen, once for each window that comes to the front.
-void dropKnownWarning(QtMsgType type, const QMessageLogContext &context, const QString &text)
+/// The platform without a screen tells each time what it has not: it would fill the log.
+void dropPlatformWarnings(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (text != u"This plugin does not support raise()")
+    if (!text.startsWith(u"This plugin does not support"))
         testHandler(type, context, text);
 }
 
@@ -79,6 +79,10 @@ class PLWriterModelTest final : public QObject
 {
     Q_OBJECT
 
+public:
+    /// A long run is not cut short after five minutes, as Qt Test would.
+    PLWriterModelTest() { qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(INT_MAX)); }
+
 private Q_SLOTS:
     void initTestCase();
     void aWrongScreenIsFound();
@@ -91,7 +95,7 @@ private:
 void PLWriterModelTest::initTestCase()
 {
     qputenv("XDG_DATA_HOME", m_home.path().toUtf8());
-    testHandler = qInstallMessageHandler(dropKnownWarning);
+    testHandler = qInstallMessageHandler(dropPlatformWarnings);
 }
 
 /// The proof that the comparison can fail: a word is changed behind the writer's back.

@@ -10,10 +10,12 @@
 #include <QSet>
 #include <QWidget>
 
+#include <algorithm>
+
 #include <malloc.h>
 
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+extern "C" size_t __sanitizer_get_current_allocated_bytes(); // g++ of Debian 12 comes without the header
 #endif
 
 using namespace Qt::StringLiterals;
@@ -45,6 +47,14 @@ qint64 privateMemory()
     }
 #endif
     return kilobytes * 1024;
+}
+
+/// Without the toolkit's pool, whose threads come when there is much to paint and go when there is not.
+int countWithoutPool(const QStringList &threads)
+{
+    return int(std::count_if(threads.begin(), threads.end(), [](const QString &thread) {
+        return !PLBytesOf(u"/proc/self/task/%1/comm"_s.arg(thread)).startsWith("Thread (pooled)");
+    }));
 }
 
 int childrenOf(const QStringList &threads)
@@ -82,7 +92,7 @@ PLProcessUse PLProcessUse::now(QObjectList roots)
     for (QObject *object : objects)
         use.timers += int(QAbstractEventDispatcher::instance()->registeredTimers(object).size());
     const QStringList threads = PLNamesIn(u"/proc/self/task"_s);
-    use.threads = int(threads.size());
+    use.threads = countWithoutPool(threads);
     use.children = childrenOf(threads);
     use.files = int(PLNamesIn(u"/proc/self/fd"_s).size());
     use.heapBytes = heapInUse();

@@ -73,7 +73,8 @@ void PLPageTextView::replaceText(PLTextRange range, const QString &string)
     QTextCursor cursor(document());
     cursor.setPosition(int(range.position));
     cursor.setPosition(int(range.end()), QTextCursor::KeepAnchor);
-    replaceSelection(cursor, string);
+    if (pageTextOf(cursor) != string)
+        replaceSelection(cursor, string);
 }
 
 void PLPageTextView::undo()

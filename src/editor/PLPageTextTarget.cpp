@@ -8,6 +8,8 @@
 
 #include <QTextCursor>
 
+#include <algorithm>
+
 PLPageTextTarget::PLPageTextTarget(PLPageTextView *view) : m_view(view) {}
 
 QString PLPageTextTarget::text() const
@@ -42,9 +44,16 @@ void PLPageTextTarget::takeFocus()
     m_view->setFocus();
 }
 
-/// From the last to the first, so that the positions of those before still hold.
+/// From the last to the first, so that the positions of those before still hold. An edit block that changes
+/// nothing would count as a change (Qt 6.4).
 void PLPageTextTarget::replaceAll(const QList<PLTextRange> &ranges, const QString &replacement)
 {
+    const QString before = text();
+    const bool isChange = std::any_of(ranges.begin(), ranges.end(), [&](const PLTextRange &range) {
+        return QStringView(before).mid(range.position, range.length) != replacement;
+    });
+    if (!isChange)
+        return;
     QTextCursor step(m_view->document());
     step.beginEditBlock();
     for (auto range = ranges.crbegin(); range != ranges.crend(); ++range)

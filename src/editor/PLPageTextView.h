@@ -42,7 +42,8 @@ public:
     /// back both the text and the selection. Does nothing if the page cannot be edited; a string that is
     /// there already is no change.
     void replaceRange(PLTextRange range, const QString &string, PLTextRange selecting);
-    /// Puts the string in place of the range, as one undo step; the focus stays where it is.
+    /// Puts the string in place of the range, as one undo step; the focus stays where it is. A string that is
+    /// there already is no change.
     void replaceText(PLTextRange range, const QString &string);
     /// For the undo history: what to select when the step that is being undone or redone is over.
     void restoreAfterStep(PLSelectionEnds ends);

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void replaceAllIsOneUndoStep();
     void aReplacementIsOneUndoStepAndEveryCharacterStays();
     void aReplacementMayHoldAnyCharacter();
+    void aWordReplacedByItselfIsNoChange();
     void marksAreThoseInSightAndFollowTheScrolling();
     void marksFollowTheTextAndGoWithThePanel();
     void marksAreNoChange();
@@ -178,6 +179,29 @@ void PLFindControllerTest::aReplacementMayHoldAnyCharacter()
     target.replaceAll({{0, 1}, {1, 1}}, u"\u2029\ufdd0\r"_s);
 
     QCOMPARE(view.pageText(), u"\u2029\ufdd0\r\u2029\ufdd0\r"_s);
+}
+
+void PLFindControllerTest::aWordReplacedByItselfIsNoChange()
+{
+    PLPageTextView view;
+    view.setPageText(u"un mot, Un mot"_s);
+    PLPageTextTarget target(&view);
+    PLFindSearch search(&target);
+    QSignalSpy changes(&view, &PLPageTextView::textDidChange);
+    PLFindTerms::shared() = {u"mot"_s, u"mot"_s, {}};
+
+    QCOMPARE(search.replaceAll(), 2);
+    search.selectNext();
+    QVERIFY(search.replace());
+
+    QCOMPARE(changes.count(), 0);
+    QVERIFY(!view.document()->isUndoAvailable());
+    QCOMPARE(target.selection(), (PLTextRange{6, 0}));
+
+    PLFindTerms::shared() = {u"un"_s, u"un"_s, {}};
+    QCOMPARE(search.replaceAll(), 2);
+    QCOMPARE(view.pageText(), u"un mot, un mot"_s);
+    QCOMPARE(changes.count(), 1);
 }
 
 void PLFindControllerTest::marksAreThoseInSightAndFollowTheScrolling()

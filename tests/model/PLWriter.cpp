@@ -3,73 +3,192 @@
 
 #include "model/PLWriter.h"
 
-#include "support/PLTestFiles.h"
+#include "model/PLWriterActions.h"
+#include "platform/PLAlert.h"
+#include "platform/PLFindSearch.h"
+#include "storage/PLFiles.h"
+#include "storage/PLRecentProjects.h"
 
-#include <QDir>
+#include <QSignalSpy>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char *sectionFolders[] = {"Livre", "Personnages", "Lieux", "Fiches", "Notes"};
-
-/// The first place where two texts differ, with a little of both.
-QString difference(const QString &seen, const QString &expected)
+/// Each action as often as it weighs.
+QList<const PLWriterAction *> weighedActions()
 {
-    qsizetype place = 0;
-    while (place < seen.size() && place < expected.size() && seen[place] == expected[place])
-        ++place;
-    const qsizetype from = qMax(qsizetype(0), place - 10);
-    return u"at %1: %2 instead of %3"_s.arg(place).arg(
-        QString::fromUtf8(seen.mid(from, 40).toUtf8().toPercentEncoding(" ")),
-        QString::fromUtf8(expected.mid(from, 40).toUtf8().toPercentEncoding(" ")));
+    QList<const PLWriterAction *> weighed;
+    for (const auto group :
+         {PLTextActions(), PLSearchActions(), PLPageActions(), PLWindowActions(), PLOutsideActions()}) {
+        for (const PLWriterAction &action : group)
+            weighed.insert(weighed.size(), action.weight, &action);
+    }
+    return weighed;
+}
+
+const PLWriterAction &actionNumbered(int number)
+{
+    static const QList<const PLWriterAction *> weighed = weighedActions();
+    return *weighed[number % weighed.size()];
 }
 
 } // namespace
 
-PLWriter::PLWriter() : m_window(std::make_unique<PLNotebookWindowFixture>())
+QString PLWriterStep::description() const
 {
-    const PLTestNotebook &notebook = m_window->notebook;
-    notebook.write(u"Livre/01 - Le départ.md"_s,
-                   u"---\nhumeur: grise: ou noire\ntags: Paris, mer\n---\n\nLe train part\u00A0!\n"_s);
-    notebook.write(u"Livre/02 - La traversée.md"_s, u"Une ligne.\r\n\r\nUne autre.\r\n"_s);
-    notebook.write(u"Livre/Épilogue.md"_s, QString());
-    notebook.write(u"Personnages/Marie.md"_s,
-                   u"\uFEFF---\ntype: personnage\ntags:\n---\n\n# Marie\n\n\u2028fin"_s);
-    notebook.write(u"Lieux/Le port.md"_s, u"---\nTAGS: mer\n---\nSans ligne vide"_s);
-    notebook.write(u"Notes/à faire.md"_s, u"- un\n- deux\n\n"_s.repeated(200));
-    openNotebook();
+    return u"%1 (%2, %3)"_s.arg(QString::fromLatin1(actionNumbered(action).name)).arg(first).arg(second);
 }
 
-PLWriter::~PLWriter() = default;
-
-void PLWriter::openNotebook()
+PLWriter::PLWriter() : m_desks{PLWriterDesk(u"Roman"_s), PLWriterDesk(u"Journal"_s)}
 {
-    m_window->open();
+    PLFindTerms::shared() = {};
+    PLAlert::setResponder([this](const PLAlert &alert) { return answer(alert); });
+    start();
+}
+
+PLWriter::~PLWriter()
+{
+    m_program.reset();
+    PLAlert::setResponder({});
+}
+
+int PLWriter::actionCount()
+{
+    return int(weighedActions().size());
+}
+
+QString PLWriter::perform(const PLWriterStep &step)
+{
+    const PLWriterAction &action = actionNumbered(step.action);
+    if (action.needs == PLWriterAction::Needs::Page && !desk().hasPage())
+        return QString();
+    action.run(*this, step.first, step.second);
     settle();
-    m_model.disk = filesOnDisk();
-    m_listIsOld = false;
-    const PLProjectItemPointer &item = m_window->session().currentItem();
-    if (item)
-        m_model.load(QDir(m_window->notebook.path()).relativeFilePath(item->fileURL().toLocalFile()));
-    else
-        m_model.close();
+    return check();
 }
 
-QMap<QString, QByteArray> PLWriter::filesOnDisk() const
+void PLWriter::start()
 {
-    QMap<QString, QByteArray> files;
-    for (const char *folder : sectionFolders) {
-        const QString section = QString::fromLatin1(folder);
-        for (const QString &name : PLNamesIn(m_window->notebook.path(section))) {
-            const QString path = section + u'/' + name;
-            files.insert(path, PLBytesOf(m_window->notebook.path(path)));
-        }
-    }
-    return files;
+    m_program = std::make_unique<PLAppDelegate>();
+    m_program->applicationDidFinishLaunching({m_desks[0].notebook.path(), m_desks[1].notebook.path()});
+    settle();
+    takeOpenedWindow(m_desks[0]);
+    takeOpenedWindow(m_desks[1]);
+    m_front = 1;
+    m_hasFocus = true;
 }
 
-/// What was put off until the event loop turns is done; the timers of two seconds are not waited for.
+void PLWriter::quit()
+{
+    const QSignalSpy ends(m_program.get(), &PLAppDelegate::willTerminate);
+    m_program->terminate();
+    if (ends.isEmpty())
+        m_failure = u"the program does not end"_s;
+    for (PLWriterDesk &open : m_desks) {
+        open.expectSaved();
+        open.controller = nullptr;
+    }
+    m_program.reset();
+    settle();
+}
+
+void PLWriter::closeWindow()
+{
+    if (!desk().controller->window()->close())
+        desk().fail(u"the window does not close"_s);
+    desk().expectSaved();
+    settle();
+    desk().controller = nullptr;
+    if (!otherDesk().isOpen() && !(m_program->library() && m_program->library()->window()->isVisible()))
+        desk().fail(u"the last notebook is closed, and there is no library"_s);
+}
+
+void PLWriter::goTo(PLWriterDesk &target, quint32 way)
+{
+    const bool wasOpen = target.isOpen();
+    if (&desk() != &target) {
+        m_front = 1 - m_front;
+        m_hasFocus = false;
+    }
+    open(target, way);
+    settle();
+    otherDesk().expectSaved();
+    if (!wasOpen)
+        takeOpenedWindow(target);
+    else if (!m_hasFocus)
+        target.becameKey();
+    m_hasFocus = true;
+}
+
+/// Whichever way, the notebook that had the focus loses it.
+void PLWriter::open(const PLWriterDesk &target, quint32 way)
+{
+    if (way % 4 == 0 && target.isOpen())
+        target.controller->window()->makeKeyAndOrderFront();
+    else if (way % 4 == 1 && m_known.contains(target.notebook.path()))
+        openFromLibrary(target);
+    else
+        m_program->openFile(target.notebook.path(way % 2 ? QString() : u"projet.md"_s));
+}
+
+void PLWriter::openFromLibrary(const PLWriterDesk &target)
+{
+    showLibrary();
+    m_program->library()->shelfView()->openBookAtIndex(int(m_known.indexOf(target.notebook.path())));
+}
+
+void PLWriter::takeOpenedWindow(PLWriterDesk &opened)
+{
+    PLProjectWindowController *window = windowOf(opened);
+    if (!window)
+        return opened.fail(u"the notebook is not open"_s);
+    opened.wasOpened(window);
+    m_known.removeOne(opened.notebook.path());
+    m_known.prepend(opened.notebook.path());
+}
+
+PLProjectWindowController *PLWriter::windowOf(const PLWriterDesk &searched) const
+{
+    const auto &windows = m_program->projectWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(), [&](const auto &window) {
+        return PLStandardizedPath(window->project().folderURL()) == searched.notebook.path();
+    });
+    return found == windows.end() ? nullptr : found->get();
+}
+
+void PLWriter::showLibrary()
+{
+    m_program->showLibrary();
+    settle();
+    desk().expectSaved();
+    m_hasFocus = false;
+}
+
+void PLWriter::forgetBook(int index)
+{
+    m_program->library()->shelfView()->setSelectedIndex(index);
+    m_program->library()->performCommand(PLCommand::RemoveSelected, 0);
+    m_known.removeAt(index);
+}
+
+void PLWriter::leave()
+{
+    m_elsewhere.show();
+    m_elsewhere.activateWindow();
+    settle();
+    desk().expectSaved();
+    m_hasFocus = false;
+}
+
+void PLWriter::comeBack()
+{
+    goTo(desk(), 0);
+}
+
+/// The timers are not waited for.
 void PLWriter::settle() const
 {
     for (int turn = 0; turn < 3; ++turn) {
@@ -78,101 +197,37 @@ void PLWriter::settle() const
     }
 }
 
-QString PLWriter::fail(const QString &text) const
+/// No save fails here.
+int PLWriter::answer(const PLAlert &alert)
 {
-    if (m_failure.isNull())
-        m_failure = text;
-    return m_failure;
+    if (alert.message.startsWith(u"Impossible d'enregistrer"))
+        m_failure = alert.message + u": "_s + alert.informativeText;
+    return answers.isEmpty() ? PLAlert::FirstButton : answers.takeFirst();
 }
 
-QString PLWriter::takeNewPage()
+QString PLWriter::check() const
 {
-    const QMap<QString, QByteArray> files = filesOnDisk();
-    QStringList added;
-    for (auto file = files.begin(); file != files.end(); ++file) {
-        if (!m_model.disk.contains(file.key()))
-            added.append(file.key());
+    if (!m_failure.isNull())
+        return m_failure;
+    for (size_t index = 0; index < m_desks.size(); ++index) {
+        const QString problem = m_desks[index].check();
+        if (!problem.isNull())
+            return (index == m_front ? u"in front: "_s : u"behind: "_s) + problem;
     }
-    if (added.size() != 1) {
-        fail(u"not one page more, but: %1"_s.arg(added.join(u", "_s)));
+    if (!m_desks[m_front].controller->window()->isActiveWindow())
+        return u"the window in front has not the focus"_s;
+    return checkLibrary();
+}
+
+/// The library knows the notebooks, the one opened last first.
+QString PLWriter::checkLibrary() const
+{
+    if (PLRecentProjects::paths() != m_known)
+        return u"the known notebooks are "_s + PLRecentProjects::paths().join(u", "_s);
+    if (!m_program->library())
         return QString();
-    }
-    m_model.disk.insert(added.first(), files.value(added.first()));
-    return added.first();
-}
-
-/// If the page's file is not what it was left as, its text is kept in a page beside it.
-void PLWriter::expectSaved()
-{
-    if (!m_model.dirty)
-        return;
-    const QByteArray ours = m_model.page.bytes();
-    const auto onDisk = m_model.disk.constFind(m_model.current);
-    const bool isForeign = onDisk != m_model.disk.constEnd() && *onDisk != m_model.known && *onDisk != ours;
-    const QByteArray theirs = isForeign ? *onDisk : QByteArray();
-    m_model.disk.insert(m_model.current, ours);
-    m_model.known = ours;
-    m_model.dirty = false;
-    if (isForeign && m_model.disk.value(takeNewPage()) != theirs)
-        fail(u"the other program's text is not the one that was kept"_s);
-}
-
-QString PLWriter::checkScreen() const
-{
-    const PLProjectItemPointer &item = m_window->session().currentItem();
-    const QString path =
-        item ? QDir(m_window->notebook.path()).relativeFilePath(item->fileURL().toLocalFile()) : QString();
-    if (path != m_model.current)
-        return u"the open page is \"%1\" instead of \"%2\""_s.arg(path, m_model.current);
-    if (m_window->editor()->isHidden() == bool(item))
-        return u"the editor is hidden, or shown, when it must not be"_s;
-    if (!item)
-        return QString();
-    const QString text = m_window->editor()->text();
-    if (text != m_model.page.text)
-        return u"the text on the screen "_s + difference(text, m_model.page.text);
-    if (m_window->editor()->tags() != m_model.page.tags)
-        return u"the tags are "_s + m_window->editor()->tags().join(u", "_s) + u" instead of "_s +
-               m_model.page.tags.join(u", "_s);
-    if (m_window->session().isDirty() != m_model.dirty)
-        return m_model.dirty ? u"the page is not dirty"_s : u"the page is dirty"_s;
-    if (m_window->controller->window()->isWindowModified() != m_model.dirty)
-        return u"the window has not the mark it must have"_s;
-    return QString();
-}
-
-QString PLWriter::checkDisk() const
-{
-    const QMap<QString, QByteArray> files = filesOnDisk();
-    for (auto file = files.begin(); file != files.end(); ++file) {
-        const auto expected = m_model.disk.constFind(file.key());
-        if (expected == m_model.disk.constEnd())
-            return u"there is a file too many: "_s + file.key();
-        if (*expected != *file)
-            return file.key() + u" on the disk "_s +
-                   difference(QString::fromUtf8(*file), QString::fromUtf8(*expected));
-    }
-    for (auto expected = m_model.disk.begin(); expected != m_model.disk.end(); ++expected) {
-        if (!files.contains(expected.key()))
-            return u"a file is missing: "_s + expected.key();
-    }
-    return QString();
-}
-
-/// Every page stands in the sidebar, in its section.
-QString PLWriter::checkList() const
-{
-    QStringList listed;
-    for (unsigned number = 0; number < std::size(sectionFolders); ++number) {
-        const PLSidebarSection *section = m_window->sidebar().tree().section(PLSection(number));
-        for (const auto &child : section->children()) {
-            if (const auto *page = dynamic_cast<const PLSidebarPage *>(child.get()))
-                listed.append(
-                    QDir(m_window->notebook.path()).relativeFilePath(page->item->fileURL().toLocalFile()));
-        }
-    }
-    listed.sort();
-    QStringList expected = m_model.disk.keys();
-    expected.sort();
-    return listed == expected || m_listIsOld ? QString() : u"the list shows "_s + listed.join(u" | "_s);
+    QStringList shown;
+    for (const PLShelfBook &book : m_program->library()->shelfView()->books())
+        shown.append(book.available ? PLStandardizedPath(book.url) : book.title);
+    return shown == m_known ? QString() : u"the library shows "_s + shown.join(u", "_s);
 }

@@ -60,6 +60,10 @@ bool PLSomethingExistsAt(const QString &path);
 /// True if there is something at the path, links followed, that is not a folder.
 bool PLFileExistsAt(const QString &path);
 
+/// True if both paths lead to one folder that is there, whatever links, mounts or letter case they lead
+/// through.
+bool PLIsSameFolder(const QString &left, const QString &right);
+
 /// The names of what a folder holds, hidden ones too, except folders and links to folders; in no order, empty
 /// if the folder cannot be read. A name that is not valid Unicode is left out, since no path could reach that
 /// file.

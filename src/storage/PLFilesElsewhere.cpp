@@ -143,6 +143,12 @@ bool PLFileExistsAt(const QString &path)
     return information.exists() && !information.isDir();
 }
 
+bool PLIsSameFolder(const QString &left, const QString &right)
+{
+    const QString path = QFileInfo(left).canonicalFilePath();
+    return !path.isEmpty() && QFileInfo(path).isDir() && QFileInfo(right) == QFileInfo(path);
+}
+
 QStringList PLFileNamesInFolder(const QString &folder)
 {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);

@@ -91,6 +91,9 @@ bool PLAppDelegate::openProjectAtURL(const QUrl &url)
         open->showWindow();
         return true;
     }
+    if (isBeingOpened(folder))
+        return false;
+    const auto done = markAsBeingOpened(folder);
     if (!QFileInfo(folder.toLocalFile()).isDir()) {
         tellMissingProject(folder);
         return false;
@@ -123,6 +126,7 @@ void PLAppDelegate::newProject()
         return;
     if (PLProjectWindowController *open = windowForFolder(folder))
         return open->showWindow();
+    const auto done = markAsBeingOpened(folder);
     PLError error;
     auto project = PLProject::createProjectAtURL(folder, QFileInfo(folder.toLocalFile()).fileName(), &error);
     if (!project)
@@ -216,14 +220,33 @@ QUrl PLAppDelegate::folderOfURL(const QUrl &url) const
     return QUrl::fromLocalFile(info.fileName() == u"projet.md" ? info.path() : path);
 }
 
+/// By whatever name: two windows of one folder would overwrite each other's pages.
 PLProjectWindowController *PLAppDelegate::windowForFolder(const QUrl &folder) const
 {
     const QString path = PLStandardizedPath(folder);
     for (const auto &controller : m_projectWindows) {
-        if (PLStandardizedPath(controller->project().folderURL()) == path)
+        const QString open = PLStandardizedPath(controller->project().folderURL());
+        if (open == path || PLIsSameFolder(open, path))
             return controller.get();
     }
     return nullptr;
+}
+
+/// A question about the folder, or an alert of its new window, lets the event loop run, and with it another
+/// request for the same folder. The answer to the first one is the answer to both.
+bool PLAppDelegate::isBeingOpened(const QUrl &folder) const
+{
+    const QString path = PLStandardizedPath(folder);
+    return std::any_of(m_beingOpened.begin(), m_beingOpened.end(), [&path](const QString &opened) {
+        return opened == path || PLIsSameFolder(opened, path);
+    });
+}
+
+PLAppDelegate::Opening PLAppDelegate::markAsBeingOpened(const QUrl &folder)
+{
+    const QString path = PLStandardizedPath(folder);
+    m_beingOpened.append(path);
+    return Opening([this, path] { m_beingOpened.removeOne(path); });
 }
 
 void PLAppDelegate::tellMissingProject(const QUrl &folder)

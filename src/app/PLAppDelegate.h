@@ -8,8 +8,10 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -67,8 +69,13 @@ Q_SIGNALS:
     void willTerminate();
 
 private:
+    using Opening = QScopeGuard<std::function<void()>>;
+
     QUrl folderOfURL(const QUrl &url) const;
     PLProjectWindowController *windowForFolder(const QUrl &folder) const;
+    bool isBeingOpened(const QUrl &folder) const;
+    /// For as long as the answer lives.
+    [[nodiscard]] Opening markAsBeingOpened(const QUrl &folder);
     void tellMissingProject(const QUrl &folder);
     bool confirmMakingNotebook(const QUrl &folder) const;
     void showWindowForProject(std::unique_ptr<PLProject> project);
@@ -85,6 +92,7 @@ private:
     std::vector<std::unique_ptr<PLProjectWindowController>> m_projectWindows;
     std::unique_ptr<PLLibraryWindowController> m_library;
     std::unique_ptr<PLPreferencesWindowController> m_preferences;
+    QStringList m_beingOpened; ///< folders
     QPointer<QWidget> m_about; ///< while it is open
     bool m_relaunching = false;
     bool m_terminating = false;

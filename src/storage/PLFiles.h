@@ -61,6 +61,10 @@ bool PLSomethingExistsAt(const QString &path);
 /// True if there is something at the path, links followed, that is not a folder.
 bool PLFileExistsAt(const QString &path);
 
+/// True if both paths lead to one folder that is there, whatever links, mounts or letter case they lead
+/// through.
+bool PLIsSameFolder(const QString &left, const QString &right);
+
 /// The names of all that PLFolderReader finds in a folder.
 QStringList PLFileNamesInFolder(const QString &folder);
 

@@ -143,6 +143,12 @@ bool PLFileExistsAt(const QString &path)
     return information.exists() && !information.isDir();
 }
 
+bool PLIsSameFolder(const QString &left, const QString &right)
+{
+    const QString path = QFileInfo(left).canonicalFilePath();
+    return !path.isEmpty() && QFileInfo(path).isDir() && QFileInfo(right) == QFileInfo(path);
+}
+
 void PLSweepTemporaryFiles(const QString &)
 {
     // QSaveFile has names of its own, which could be a writer's too.

@@ -164,6 +164,15 @@ bool PLFileExistsAt(const QString &path)
     return PLFailureOf([&] { return ::stat(native.constData(), &status); }) == 0 && !S_ISDIR(status.st_mode);
 }
 
+bool PLIsSameFolder(const QString &left, const QString &right)
+{
+    struct stat leftStatus;
+    struct stat rightStatus;
+    return ::stat(PLNativePath(left).constData(), &leftStatus) == 0 &&
+           ::stat(PLNativePath(right).constData(), &rightStatus) == 0 && S_ISDIR(leftStatus.st_mode) &&
+           leftStatus.st_dev == rightStatus.st_dev && leftStatus.st_ino == rightStatus.st_ino;
+}
+
 void PLSweepTemporaryFiles(const QString &path)
 {
     const PLDescriptor folder = PLOpenFolder(PLNativePath(path));

@@ -43,9 +43,10 @@ start_display() {
     DISPLAY=:$(<"$work/display")
     export DISPLAY
     setxkbmap fr
-    openbox --sm-disable >/dev/null 2>&1 &
+    # It is up when it runs what it is to run then; a window that comes just before would never be shown.
+    openbox --sm-disable --startup "touch $work/managed" >/dev/null 2>&1 &
     manager_pid=$!
-    until_true "the window manager" xdotool get_desktop
+    until_true "the window manager" test -e "$work/managed"
 }
 
 take_screenshot() {

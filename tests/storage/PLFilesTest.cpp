@@ -50,6 +50,8 @@ private Q_SLOTS:
     void creatingAFolderOverAFileIsAnError();
 
     void somethingExistsEvenIfItIsADanglingLink();
+    void aFolderIsTheSameByEveryName_data();
+    void aFolderIsTheSameByEveryName();
     void listingGivesAllButFolders();
     void listingLeavesOutNamesThatAreNotUnicode();
     void listingAMissingFolderIsEmpty();
@@ -321,6 +323,36 @@ void PLFilesTest::somethingExistsEvenIfItIsADanglingLink()
     QVERIFY(PLSomethingExistsAt(m_folder->path()));
     QVERIFY(!PLSomethingExistsAt(path(u"nothing"_s)));
     QVERIFY(!PLSomethingExistsAt(path(u"file\0"_s)));
+}
+
+void PLFilesTest::aFolderIsTheSameByEveryName_data()
+{
+    QTest::addColumn<QString>("left");
+    QTest::addColumn<QString>("right");
+    QTest::addColumn<bool>("isSame");
+    QTest::newRow("its name") << u"one"_s << u"one"_s << true;
+    QTest::newRow("with a slash") << u"one"_s << u"one/"_s << true;
+    QTest::newRow("a link") << u"one"_s << u"link"_s << true;
+    QTest::newRow("a link to a link") << u"link"_s << u"link to link"_s << true;
+    QTest::newRow("through itself") << u"one"_s << u"one/../link"_s << true;
+    QTest::newRow("another folder") << u"one"_s << u"two"_s << false;
+    QTest::newRow("a folder in it") << u"one"_s << u"one/two"_s << false;
+    QTest::newRow("a file and itself") << u"file"_s << u"file"_s << false;
+    QTest::newRow("nothing and itself") << u"nowhere"_s << u"nowhere"_s << false;
+    QTest::newRow("a dangling link and itself") << u"dangling"_s << u"dangling"_s << false;
+}
+
+void PLFilesTest::aFolderIsTheSameByEveryName()
+{
+    QFETCH(const QString, left);
+    QFETCH(const QString, right);
+    QFETCH(const bool, isSame);
+    QVERIFY(QDir().mkpath(path(u"one/two"_s)) && QDir().mkdir(path(u"two"_s)));
+    QVERIFY(PLMakeFile(path(u"file"_s)) && QFile::link(path(u"nowhere"_s), path(u"dangling"_s)));
+    QVERIFY(QFile::link(path(u"one"_s), path(u"link"_s)));
+    QVERIFY(QFile::link(path(u"link"_s), path(u"link to link"_s)));
+    QCOMPARE(PLIsSameFolder(path(left), path(right)), isSame);
+    QCOMPARE(PLIsSameFolder(path(right), path(left)), isSame);
 }
 
 void PLFilesTest::listingGivesAllButFolders()

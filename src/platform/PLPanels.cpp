@@ -36,7 +36,9 @@ void addMessage(QFileDialog &panel, const QString &message)
     auto *grid = qobject_cast<QGridLayout *>(panel.layout());
     if (!grid)
         return;
-    auto *label = new QLabel(message);
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText); // before the text: it holds a notebook's title
+    label->setText(message);
     label->setWordWrap(true);
     grid->addWidget(label, grid->rowCount(), 0, 1, grid->columnCount());
 }

@@ -18,7 +18,8 @@ public:
     explicit PLCanary(const QString &path) : m_descriptor(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
     {
         const QByteArray name = QFile::encodeName(path);
-        if (!PLMakeFile(path, picture()) || ::inotify_add_watch(m_descriptor, name.constData(), IN_OPEN) < 0)
+        if (!PLMakeFile(path, PLPictureBytes()) ||
+            ::inotify_add_watch(m_descriptor, name.constData(), IN_OPEN) < 0)
             qFatal("cannot watch %s", name.constData());
     }
     ~PLCanary() { ::close(m_descriptor); }
@@ -34,13 +35,6 @@ public:
         while (::read(m_descriptor, events, sizeof events) > 0)
             isHeard = true;
         return isHeard;
-    }
-
-    /// A picture of 3 by 2.
-    static QByteArray picture()
-    {
-        return QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAMAAAACCAIAAAASFvFNAAAAEElEQVR4nGM4uXMKBDHAWQ"
-                                      "B+egyFzcFVCwAAAABJRU5ErkJggg==");
     }
 
 private:

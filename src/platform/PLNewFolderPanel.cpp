@@ -83,5 +83,6 @@ void PLNewFolderPanel::updateButtons()
 {
     const QString name = m_nameField->text().trimmed();
     const bool isPath = name.contains(u'/') || name == u"." || name == u"..";
-    m_createButton->setEnabled(!name.isEmpty() && !isPath);
+    const bool isCutOff = name.contains(QChar(u'\0')); // the system would take what stands before it
+    m_createButton->setEnabled(!name.isEmpty() && !isPath && !isCutOff);
 }

@@ -344,7 +344,8 @@ void PLHostilePagesTest::onlyTheWebAndMailAreHandedToTheSystem_data()
     QTest::newRow("web") << u"http://exemple.invalid/a?b=1&c=2"_s << u"http://exemple.invalid/a?b=1&c=2"_s;
     QTest::newRow("capitals") << u"HTTPS://exemple.invalid/"_s << u"https://exemple.invalid/"_s;
     QTest::newRow("mail") << u"mailto:a@exemple.invalid"_s << u"mailto:a@exemple.invalid"_s;
-    QTest::newRow("a command of the shell") << u"http://exemple.invalid/%60id%60;id%7Cid&'id'$id"_s;
+    QTest::newRow("a command of the shell") << u"http://exemple.invalid/%60id%60;id|id&'id'$id"_s
+                                            << u"http://exemple.invalid/%60id%60;id%7Cid&'id'$id"_s;
     QTest::newRow("quotes and spaces")
         << u"http://exemple.invalid/%22%20--option%27"_s << u"http://exemple.invalid/%22%20--option%27"_s;
     for (const char16_t *target :

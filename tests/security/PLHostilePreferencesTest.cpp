@@ -78,7 +78,7 @@ class PLHostilePreferencesTest final : public QObject
     Q_OBJECT
 
 private:
-    QString m_before; ///< the current folder
+    const QString m_before = QDir::currentPath();
     std::unique_ptr<PLTestEnvironment> m_environment;
     std::unique_ptr<QTemporaryDir> m_folder;
     QStringList m_tree;
@@ -143,15 +143,14 @@ void PLHostilePreferencesTest::init()
         QVERIFY(PLMakeFile(path(file), "as it was"));
     for (const QString &section : {u"Livre"_s, u"Personnages"_s, u"Lieux"_s, u"Fiches"_s, u"Notes"_s})
         QVERIFY(QDir().mkpath(path(u"carnet/"_s + section)));
-    m_before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(path(u"here"_s)));
     m_tree = PLTreeOf(m_folder->path());
 }
 
 void PLHostilePreferencesTest::cleanup()
 {
-    QCOMPARE(PLTreeOf(m_folder->path()), m_tree);
     QVERIFY(QDir::setCurrent(m_before));
+    QCOMPARE(PLTreeOf(m_folder->path()), m_tree);
 }
 
 void PLHostilePreferencesTest::values_data()

@@ -109,7 +109,7 @@ class PLHostileTitlesTest final : public QObject
     Q_OBJECT
 
 private:
-    QString m_before; ///< the current folder
+    const QString m_before = QDir::currentPath();
     std::unique_ptr<PLTestEnvironment> m_environment;
     std::unique_ptr<QTemporaryDir> m_folder;
     QStringList m_tree; ///< of what lies around
@@ -168,7 +168,6 @@ void PLHostileTitlesTest::init()
     QVERIFY(QDir().mkpath(path(u"data"_s)));
     qputenv("HOME", QFile::encodeName(path(u"home"_s)));
     qputenv("XDG_DATA_HOME", QFile::encodeName(path(u"data"_s)));
-    m_before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(path(u"here"_s)));
     m_tree = treeAround();
     QCOMPARE(m_tree.size(), 11);
@@ -177,12 +176,12 @@ void PLHostileTitlesTest::init()
 
 void PLHostileTitlesTest::cleanup()
 {
+    QVERIFY(QDir::setCurrent(m_before));
     QCOMPARE(treeAround(), m_tree);
     QVERIFY(!QFileInfo::exists(u"/tmp/aquilane-canary"_s) &&
             !QFileInfo::exists(u"/tmp/aquilane-canary.md"_s));
     QVERIFY(!QFileInfo::exists(u"/etc/aquilane-canary.md"_s));
     PLAlert::setResponder({});
-    QVERIFY(QDir::setCurrent(m_before));
 }
 
 void PLHostileTitlesTest::newPages()

@@ -148,7 +148,7 @@ class PLShownTextTest final : public QObject
     Q_OBJECT
 
 private:
-    QString m_before; ///< the current folder
+    const QString m_before = QDir::currentPath();
     std::unique_ptr<PLTestEnvironment> m_environment;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<PLCanary> m_canary;
@@ -201,16 +201,15 @@ void PLShownTextTest::init()
     QVERIFY(QDir().mkpath(m_folder->filePath(u"home"_s)));
     qputenv("HOME", QFile::encodeName(m_folder->filePath(u"home"_s)));
     m_canary = std::make_unique<PLCanary>(m_folder->filePath(mark));
-    m_before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(m_folder->path()));
     m_delegate = std::make_unique<PLAppDelegate>();
 }
 
 void PLShownTextTest::cleanup()
 {
+    QVERIFY(QDir::setCurrent(m_before));
     QVERIFY(!m_canary->wasOpened());
     m_delegate.reset();
-    QVERIFY(QDir::setCurrent(m_before));
     m_folder.reset();
     m_environment.reset();
 }

@@ -11,7 +11,6 @@
 #include "notebook_window/PLPageCommands.h"
 #include "notebook_window/PLPageSession.h"
 #include "notebook_window/PLProjectWindowController.h"
-#include "platform/PLReveal.h"
 #include "preview/PLHostileHTML.h"
 #include "storage/PLProject.h"
 #include "storage/PLRecentProjects.h"
@@ -19,7 +18,6 @@
 #include "support/PLTestEnvironment.h"
 
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -55,8 +53,6 @@ private:
     QStringList treeAround() const;
     PLProjectWindowController &openNotebook();
     QString hostileHTML() const;
-    /// The arguments that the desktop's opener was started with.
-    QStringList openersArguments() const;
 
 private Q_SLOTS:
     void initTestCase();
@@ -70,8 +66,6 @@ private Q_SLOTS:
     void onlyPicturesOfThisMachineAreTakenForCovers();
     void aCoverFromElsewhereIsRefused_data();
     void aCoverFromElsewhereIsRefused();
-    void theOpenerGetsOneArgument_data();
-    void theOpenerGetsOneArgument();
     void aPageThatIsALinkStaysOne();
     void aLinkToWhatIsNoFileIsNeverWritten_data();
     void aLinkToWhatIsNoFileIsNeverWritten();
@@ -103,15 +97,6 @@ QString PLHostileInputsTest::hostileHTML() const
         "<img src='file://{folder}/canary.png'><ul style='list-style-image: url(canary.png)'><li>x</ul>"
         "<table background='canary.png'><tr><td>fin</td></tr></table>"_s;
     return PLFilledPayload(html, u"127.0.0.1:%1"_s.arg(m_server.serverPort()), m_folder->path());
-}
-
-QStringList PLHostileInputsTest::openersArguments() const
-{
-    const QString file = path(u"bin/arguments"_s);
-    (void)QTest::qWaitFor([&] { return PLBytesOf(file).endsWith("\nend\n"); });
-    QStringList arguments = QString::fromUtf8(PLBytesOf(file)).split(u'\n');
-    arguments.removeLast();
-    return arguments;
 }
 
 void PLHostileInputsTest::initTestCase()
@@ -276,38 +261,6 @@ void PLHostileInputsTest::aCoverFromElsewhereIsRefused()
     QVERIFY(!PLProject::setCoverImageFromURL(picture, url(u"Roman"_s), &error));
     QVERIFY(!error.message.isEmpty());
     QCOMPARE(PLNamesIn(path(u"Roman"_s)), QStringList({u"Livre"_s, u"projet.md"_s}));
-}
-
-void PLHostileInputsTest::theOpenerGetsOneArgument_data()
-{
-    QTest::addColumn<QUrl>("address");
-    const auto add = [](const char *name, const QUrl &address) { QTest::newRow(name) << address; };
-    add("plain", QUrl(u"https://exemple.invalid/a?b=c&d=e#f"_s));
-    add("a command", QUrl(u"http://exemple.invalid/$(touch canary)`touch canary`;touch canary|&"_s));
-    add("quotes", QUrl(u"http://exemple.invalid/\" --option '\\\" x"_s));
-    add("mail with files", QUrl(u"mailto:a@b.invalid?subject=x --attach /etc/passwd\nBcc:x"_s));
-    add("a folder", QUrl::fromLocalFile(u"/tmp/$(touch canary) \"'`;\n --option/x"_s));
-    add("a folder like an option", QUrl::fromLocalFile(u"-rf"_s));
-}
-
-/// Programs are started with a list of arguments. No shell reads them.
-void PLHostileInputsTest::theOpenerGetsOneArgument()
-{
-    QFETCH(const QUrl, address);
-    const QByteArray before = qgetenv("PATH");
-    const QString opener = path(u"bin/xdg-open"_s);
-    const QByteArray script = "#!/bin/sh\n{ echo $#; printf '%s\\n' \"$@\"; echo end; } >\"$0.new\"\n"
-                              "mv \"$0.new\" \"${0%/*}/arguments\"\n";
-    QVERIFY(PLMakeFile(opener, script));
-    QVERIFY(QFile::setPermissions(opener, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    qputenv("PATH", QFile::encodeName(path(u"bin"_s)) + ':' + before);
-    const bool isOpened = QDesktopServices::openUrl(address);
-    const QStringList arguments = isOpened ? openersArguments() : QStringList();
-    qputenv("PATH", before);
-    if (!isOpened)
-        QSKIP("This platform's plugin opens nothing");
-    QCOMPARE(arguments, QStringList({u"1"_s, QString::fromLatin1(address.toEncoded()), u"end"_s}));
-    QCOMPARE(PLNamesIn(m_folder->path()), QStringList({u"Roman"_s, u"bin"_s, u"canary.png"_s, u"dehors"_s}));
 }
 
 /// A writer may keep a page elsewhere and link to it; what a link leads to changes only when the page is

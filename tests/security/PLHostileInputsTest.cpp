@@ -17,14 +17,17 @@
 #include "support/PLCanary.h"
 #include "support/PLTestEnvironment.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QGuiApplication>
+#include <QFileDialog>
 #include <QMimeData>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -66,6 +69,7 @@ private Q_SLOTS:
     void onlyPicturesOfThisMachineAreTakenForCovers();
     void aCoverFromElsewhereIsRefused_data();
     void aCoverFromElsewhereIsRefused();
+    void thePanelsDeleteNothing();
     void aPageThatIsALinkStaysOne();
     void aLinkToWhatIsNoFileIsNeverWritten_data();
     void aLinkToWhatIsNoFileIsNeverWritten();
@@ -261,6 +265,37 @@ void PLHostileInputsTest::aCoverFromElsewhereIsRefused()
     QVERIFY(!PLProject::setCoverImageFromURL(picture, url(u"Roman"_s), &error));
     QVERIFY(!error.message.isEmpty());
     QCOMPARE(PLNamesIn(path(u"Roman"_s)), QStringList({u"Livre"_s, u"projet.md"_s}));
+}
+
+/// The toolkit's own would, past the trash; and its question reads a file's name as HTML.
+void PLHostileInputsTest::thePanelsDeleteNothing()
+{
+    PLRecentProjects::addURL(url(u"Roman"_s));
+    m_delegate->showLibrary();
+    const auto pressDelete = [this](const std::function<void()> &ask) {
+        int pressed = 0;
+        QTimer::singleShot(0, this, [this, &pressed] {
+            auto *panel = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            if (!panel)
+                return;
+            panel->setDirectory(m_folder->path());
+            auto *list = panel->findChild<QAbstractItemView *>(u"listView"_s);
+            const auto hasRows = [list] { return list->model()->rowCount(list->rootIndex()) > 0; };
+            // One that may delete would ask, and wait.
+            if (panel->testOption(QFileDialog::ReadOnly) && QTest::qWaitFor(hasRows)) {
+                list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
+                pressed = list->selectionModel()->hasSelection() ? 1 : 0;
+                QTest::keyClick(list, Qt::Key_Delete);
+            }
+            panel->reject();
+        });
+        ask();
+        return pressed;
+    };
+    QVERIFY(pressDelete([this] { m_delegate->openProject(); }) > 0);
+    QVERIFY(pressDelete([this] { m_delegate->library()->chooseCover(); }) > 0);
+    QCOMPARE(treeAround(), m_tree);
+    (void)m_canary->wasOpened();
 }
 
 /// A writer may keep a page elsewhere and link to it; what a link leads to changes only when the page is

@@ -16,6 +16,18 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A document that reads no file. Qt's own reads the style sheets and backgrounds that its HTML names, from
+/// any place on the disk, and would wait for a pipe for ever.
+class PLDocumentOfText final : public QTextDocument
+{
+protected:
+    QVariant loadResource(int, const QUrl &) override { return {}; }
+};
+
+} // namespace
+
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText)
 {
     auto document = std::make_unique<QTextDocument>();
@@ -36,14 +48,16 @@ QString PLTextOfDocument(const QTextDocument &document)
 }
 
 /// Qt makes a plain space of U+202F, which French has before "!" and "?" (6.4): it goes through as another
-/// one.
+/// one. And it takes all that follows a link to a style sheet for hidden.
 QString PLTextOfHTML(const QString &html)
 {
     static const QRegularExpression narrowSpace(u"\u202f|&#(8239|[xX]202[fF]);"_s);
+    static const QRegularExpression styleSheet(u"<link\\b[^>]*>"_s,
+                                               QRegularExpression::CaseInsensitiveOption);
     constexpr QChar standIn = u'\ufdd2';
-    QTextDocument document;
-    QTextCursor(&document).insertFragment(
-        QTextDocumentFragment::fromHtml(QString(html).replace(narrowSpace, standIn)));
+    PLDocumentOfText document;
+    QTextCursor(&document).insertFragment(QTextDocumentFragment::fromHtml(
+        QString(html).remove(styleSheet).replace(narrowSpace, standIn), &document));
     QString text = PLTextOfDocument(document);
     text.replace(standIn, u'\u202f');
     text.remove(QChar::ObjectReplacementCharacter);                    // pictures

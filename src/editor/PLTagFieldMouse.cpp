@@ -4,6 +4,7 @@
 #include "editor/PLTagField.h"
 #include "editor/PLTagToken.h"
 #include "i18n/PLLocalization.h"
+#include "platform/PLToolTip.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -237,5 +238,5 @@ QString PLTagField::toolTipAt(const QPoint &point) const
     const std::optional<int> token = tokenAt(point);
     if (!token || m_layout.tokens()[size_t(*token)].shownText == m_model.tokens()[*token])
         return QString();
-    return m_model.tokens()[*token].left(1000).toHtmlEscaped();
+    return PLPlainToolTip(m_model.tokens()[*token].left(1000));
 }

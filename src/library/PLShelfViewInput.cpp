@@ -20,11 +20,11 @@ bool isShowMenuKey(const QKeyEvent &event)
            event.modifiers() == Qt::ShiftModifier; // the Menu key comes as an event
 }
 
-/// A folder can have the name of a picture.
+/// A folder can have the name of a picture. A file of another machine is one here by its URL alone.
 bool isImage(const QUrl &url)
 {
     const QFileInfo file(url.toLocalFile());
-    return url.isLocalFile() && !file.completeBaseName().isEmpty() &&
+    return url.isLocalFile() && url.host().isEmpty() && !file.completeBaseName().isEmpty() &&
            PLProject::coverImageExtensions().contains(file.suffix().toLower()) && !file.isDir();
 }
 

@@ -83,6 +83,21 @@ const sockaddr *generic(const sockaddr_un &address)
     return reinterpret_cast<const sockaddr *>(&address);
 }
 
+/// Whether this user is at the other end. Nobody else should get as far as this; whoever does is neither
+/// heard nor told anything.
+bool isOurs(int descriptor)
+{
+#ifdef Q_OS_LINUX
+    ucred other = {};
+    socklen_t size = sizeof other;
+    return getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &other, &size) == 0 && other.uid == geteuid();
+#else
+    uid_t user = 0;
+    gid_t group = 0;
+    return getpeereid(descriptor, &user, &group) == 0 && user == geteuid();
+#endif
+}
+
 bool waitFor(int descriptor, short events, const QDeadlineTimer &deadline)
 {
     pollfd waiting = {descriptor, events, 0};
@@ -188,8 +203,10 @@ void PLLineServer::listen(const QString &path)
 void PLLineServer::accept()
 {
     const int caller = uninterrupted([this] { return ::accept(m_descriptor, nullptr, nullptr); });
-    if (caller >= 0)
+    if (caller >= 0 && isOurs(caller))
         new Caller(caller, m_take, this);
+    else if (caller >= 0)
+        close(caller);
 }
 
 bool PLLineServer::send(const QString &path, const QByteArray &line, int timeout)
@@ -204,7 +221,8 @@ bool PLLineServer::send(const QString &path, const QByteArray &line, int timeout
     setsockopt(server.number(), SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on);
 #endif
     const auto call = [&] { return ::connect(server.number(), generic(*address), sizeof *address); };
-    if (uninterrupted(call) != 0 || !writeAll(server.number(), line + '\n', deadline))
+    if (uninterrupted(call) != 0 || !isOurs(server.number()) ||
+        !writeAll(server.number(), line + '\n', deadline))
         return false;
     if (!waitFor(server.number(), POLLIN, deadline))
         return false;

@@ -5,6 +5,7 @@
 
 #include "i18n/PLDesktopStrings.h"
 #include "i18n/PLLocalization.h"
+#include "platform/PLToolTip.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -74,7 +75,7 @@ void PLNewFolderPanel::setLocation(const QString &folder)
     m_location = QDir(folder).exists() ? folder : QDir::homePath();
     m_locationLabel->setText(
         fontMetrics().elidedText(QDir::toNativeSeparators(m_location), Qt::ElideMiddle, 300));
-    m_locationLabel->setToolTip(m_location);
+    m_locationLabel->setToolTip(PLPlainToolTip(m_location));
     updateButtons();
 }
 
@@ -82,5 +83,6 @@ void PLNewFolderPanel::updateButtons()
 {
     const QString name = m_nameField->text().trimmed();
     const bool isPath = name.contains(u'/') || name == u"." || name == u"..";
-    m_createButton->setEnabled(!name.isEmpty() && !isPath);
+    const bool isCutOff = name.contains(QChar(u'\0')); // the system would take what stands before it
+    m_createButton->setEnabled(!name.isEmpty() && !isPath && !isCutOff);
 }

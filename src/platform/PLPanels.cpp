@@ -36,7 +36,9 @@ void addMessage(QFileDialog &panel, const QString &message)
     auto *grid = qobject_cast<QGridLayout *>(panel.layout());
     if (!grid)
         return;
-    auto *label = new QLabel(message);
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText); // before the text: it holds a notebook's title
+    label->setText(message);
     label->setWordWrap(true);
     grid->addWidget(label, grid->rowCount(), 0, 1, grid->columnCount());
 }
@@ -48,6 +50,7 @@ QUrl PLChooseFolderOrMarkdownFile(const PLPanelTexts &texts, QWidget *parent)
     PLFolderOrFilePanel panel(parent, texts.title,
                               QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     panel.setOption(QFileDialog::DontUseNativeDialog);
+    panel.setOption(QFileDialog::ReadOnly); // or the key Delete would delete a page here, past the trash
     panel.setFileMode(QFileDialog::Directory);
     panel.setOption(QFileDialog::ShowDirsOnly, false);
     panel.setNameFilters({u"Markdown (*.md)"_s});
@@ -63,6 +66,7 @@ QUrl PLChooseFile(const PLPanelTexts &texts, const QStringList &extensions, QWid
     QFileDialog panel(parent, texts.title,
                       QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     panel.setOption(QFileDialog::DontUseNativeDialog);
+    panel.setOption(QFileDialog::ReadOnly);
     panel.setFileMode(QFileDialog::ExistingFile);
     panel.setNameFilter(u"%1 (*.%2)"_s.arg(texts.title, extensions.join(u" *.")));
     panel.setLabelText(QFileDialog::Accept, texts.prompt);

@@ -26,24 +26,50 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A folder that only this user can enter: the session's own, or one made for it under the temporary folder.
-QString privateFolder()
-{
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (!runtime.isEmpty() && QDir(runtime).exists())
-        return runtime;
 #ifdef Q_OS_UNIX
+bool isOurFolder(const struct stat &information, mode_t keptFromOthers)
+{
+    return S_ISDIR(information.st_mode) && information.st_uid == getuid() &&
+           (information.st_mode & keptFromOthers) == 0;
+}
+
+/// The session's folder, as its environment names it. One in which somebody else could put a socket of his
+/// own is none: he would be handed the paths, and the program would not start.
+QString sessionFolder()
+{
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    struct stat information = {};
+    const bool isFound =
+        QDir::isAbsolutePath(folder) && stat(QFile::encodeName(folder).constData(), &information) == 0;
+    return isFound && isOurFolder(information, 022) ? folder : QString();
+}
+
+/// A folder made under the temporary folder, where others can make one of that name, or a link, before us.
+QString temporaryFolder()
+{
     const QString folder = QDir::tempPath() + u"/aquilane-%1"_s.arg(getuid());
     const QByteArray name = QFile::encodeName(folder);
     mkdir(name.constData(), 0700);
     struct stat information = {};
-    const bool mine = lstat(name.constData(), &information) == 0 && S_ISDIR(information.st_mode) &&
-                      information.st_uid == getuid() && (information.st_mode & 077) == 0;
-    return mine ? folder : QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-#else
-    return QDir::tempPath();
-#endif
+    const bool isFound = lstat(name.constData(), &information) == 0;
+    return isFound && isOurFolder(information, 077) ? folder : QString();
 }
+
+/// A folder in which only this user can make a file.
+QString privateFolder()
+{
+    if (const QString folder = sessionFolder(); !folder.isEmpty())
+        return folder;
+    if (const QString folder = temporaryFolder(); !folder.isEmpty())
+        return folder;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+}
+#else
+QString privateFolder()
+{
+    return QDir::tempPath();
+}
+#endif
 
 /// A request is one line of JSON.
 QByteArray encodedRequest(const QStringList &paths)

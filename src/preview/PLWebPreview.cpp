@@ -99,12 +99,24 @@ void PLWebPreview::repeatLoad()
 void PLWebPreview::loadingDidChange(const QWebEngineLoadingInfo &info)
 {
     const bool isThere = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
-    if (m_state == State::Loading && isThere)
+    if (isThere && info.url().scheme() == u"about")
+        documentDidGo();
+    else if (m_state == State::Loading && isThere)
         frameDidLoad();
     else if (m_state == State::Loading && info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
         renderProcessDied();
     else if (m_state != State::Loading && isThere && std::exchange(m_isRepeated, false))
         loseDocument(); // the first load was not dropped after all, and the second has an empty frame
+}
+
+/// A link was clicked that leads to an empty page, or is none ("http:///"): the engine shows one and asks
+/// nobody (Qt 6.4.2).
+void PLWebPreview::documentDidGo()
+{
+    if (m_state == State::Loading)
+        repeatLoad();
+    else
+        loseDocument();
 }
 
 void PLWebPreview::frameDidLoad()

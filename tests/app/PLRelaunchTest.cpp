@@ -16,6 +16,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -64,6 +67,7 @@ private Q_SLOTS:
     void theScriptIsAsItShouldBe();
     void theProgramStartsAgainWhenTheOldOneIsGone_data();
     void theProgramStartsAgainWhenTheOldOneIsGone();
+    void noCharacterOfTheProgramsPathIsReadByTheShell();
     void aRelaunchStoresTheOpenNotebooks();
     void aRelaunchWithoutNotebooksReopensNone();
     void anOrdinaryQuitStoresNothing();
@@ -153,6 +157,37 @@ void PLRelaunchTest::theProgramStartsAgainWhenTheOldOneIsGone()
     QTRY_COMPARE_WITH_TIMEOUT(PLBytesOf(answer), QByteArray("later\n"), 10000);
     QCOMPARE(PLNamesIn(m_folder->path()).size(), 2); // no canary
     QVERIFY(QDir::setCurrent(before));
+}
+
+/// Fifty names, and bytes that are no text. Nobody is waited for, so that it does not take a minute.
+void PLRelaunchTest::noCharacterOfTheProgramsPathIsReadByTheShell()
+{
+    QList<QByteArray> names{"\xFF\xFE", "\xC0\x80", "a\xE9", "\xED\xA0\x80", "\x01\x02\x1B[2J"};
+    for (const char *command :
+         {"touch canary", "$(touch canary)", "`touch canary`", "${IFS}touch${IFS}canary", "$((1))"}) {
+        for (const char *shape :
+             {"%1", ";%1;", "\";%1;\"", "';%1;'", "&%1&", "|%1", "\n%1\n", "-c %1", "#\n%1"})
+            names.append(QByteArray(shape).replace("%1", command));
+    }
+    QCOMPARE(names.size(), 50);
+    const QByteArray script = PLRelaunchScript(99'999'999).toUtf8(); // no process has such a number
+    const QString here = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folder->path()));
+    for (const QByteArray &name : names) {
+        const QByteArray program = QFile::encodeName(m_folder->path()) + '/' + name;
+        QCOMPARE(::symlink("/bin/true", program.constData()), 0);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::execl("/bin/sh", "/bin/sh", "-c", script.constData(), program.constData(), nullptr);
+            ::_exit(127);
+        }
+        int status = -1;
+        QCOMPARE(::waitpid(child, &status, 0), child);
+        QVERIFY2(WIFEXITED(status) && WEXITSTATUS(status) == 0, name.toPercentEncoding().constData());
+        QCOMPARE(::unlink(program.constData()), 0);
+    }
+    QVERIFY(QDir::setCurrent(here));
+    QCOMPARE(PLNamesIn(m_folder->path()), QStringList()); // no canary
 }
 
 void PLRelaunchTest::aRelaunchStoresTheOpenNotebooks()

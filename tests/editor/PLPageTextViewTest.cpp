@@ -331,6 +331,8 @@ void PLPageTextViewTest::aClipboardOfNothingButHTMLGivesItsText_data()
         << u"<p>Non\u202f! Si&#x202F;! «\u00a0Ah\u00a0»</p>"_s << u"Non\u202f! Si\u202f! «\u00a0Ah\u00a0»"_s;
     QTest::newRow("a table") << u"<table><tr><td>un</td><td>deux</td></tr></table>"_s << u"un\ndeux"_s;
     QTest::newRow("a picture") << u"<p>un<img src='http://localhost/a.png'>deux</p>"_s << u"undeux"_s;
+    QTest::newRow("a style sheet on the way")
+        << u"un<LINK rel=stylesheet\nhref='a.css'>deux<p>trois</p>"_s << u"undeux\ntrois"_s;
     QTest::newRow("script and style") << u"<style>p{}</style><script>x()</script><p>un</p>"_s << u"un"_s;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Aquilane authors
 // SPDX-License-Identifier: MIT
 
+#include "platform/PLLineServer.h"
+#include "support/PLTestDisk.h"
 #include "support/PLTestFiles.h"
 
 #include <QElapsedTimer>
@@ -11,6 +13,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
+#include <thread>
+
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +60,40 @@ private:
     QProcess m_process;
 };
 
+/// A socket of whoever this process is when it is made, where one caller is told that his line was taken.
+class SocketThatSaysYes final
+{
+public:
+    explicit SocketThatSaysYes(const QString &path) : m_descriptor(::socket(AF_UNIX, SOCK_STREAM, 0))
+    {
+        const QByteArray name = QFile::encodeName(path);
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        qstrncpy(address.sun_path, name.constData(), sizeof address.sun_path);
+        if (::bind(m_descriptor, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0 ||
+            ::listen(m_descriptor, 1) != 0)
+            qFatal("cannot listen at %s", name.constData());
+    }
+    ~SocketThatSaysYes() { ::close(m_descriptor); }
+
+    SocketThatSaysYes(const SocketThatSaysYes &) = delete;
+    SocketThatSaysYes &operator=(const SocketThatSaysYes &) = delete;
+
+    /// What the first caller says.
+    QByteArray hear() const
+    {
+        char bytes[100];
+        const int caller = ::accept(m_descriptor, nullptr, nullptr);
+        const ssize_t count = ::read(caller, bytes, sizeof bytes);
+        (void)!::write(caller, "+", 1);
+        ::close(caller);
+        return QByteArray(bytes, qMax<ssize_t>(count, 0));
+    }
+
+private:
+    int m_descriptor;
+};
+
 QByteArray requestOf(const QStringList &paths, const QString &token = u""_s)
 {
     QJsonArray request = QJsonArray::fromStringList(paths);
@@ -93,6 +134,14 @@ private Q_SLOTS:
     void withoutASessionFolderAPrivateOneIsMade();
     void aFolderThatOthersCanEnterIsNotUsed();
     void twoUsersFoldersAreTwoPrograms();
+    void aSessionFolderThatOthersCanWriteToIsNotUsed();
+    void aSessionFolderOfAnotherUserIsNotUsed();
+    void aSessionFolderThatIsNoFullPathIsNotUsed();
+    void aFolderThatAnotherUserHasMadeIsNotUsed();
+    void aLinkWhereTheFolderShouldBeIsNotFollowed();
+    void linksWhereTheFilesShouldBeAreNotFollowed();
+    void anotherUserIsNotHeard();
+    void anotherUsersSocketIsNotSpokenTo();
 };
 
 QProcessEnvironment PLSingleInstanceTest::environmentWith(const QString &name, const QString &value) const
@@ -112,6 +161,7 @@ void PLSingleInstanceTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir().mkpath(m_folder->filePath(u"run"_s)));
+    QVERIFY(QFile::setPermissions(m_folder->filePath(u"run"_s), QFile::Permissions(0x7000)));
     m_environment = QProcessEnvironment::systemEnvironment();
     m_environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder->filePath(u"run"_s));
     m_environment.insert(u"XDG_CONFIG_HOME"_s, m_folder->filePath(u"config"_s));
@@ -296,6 +346,139 @@ void PLSingleInstanceTest::twoUsersFoldersAreTwoPrograms()
     Start other(environmentWith(u"XDG_RUNTIME_DIR"_s, m_folder->filePath(u"other"_s)));
     QCOMPARE(program.line(), QByteArray("first"));
     QCOMPARE(other.line(), QByteArray("first"));
+}
+
+void PLSingleInstanceTest::aSessionFolderThatOthersCanWriteToIsNotUsed()
+{
+    const QString run = m_folder->filePath(u"run"_s);
+    QVERIFY(QFile::setPermissions(run, QFile::Permissions(0x7077)));
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(PLNamesIn(run), QStringList());
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::aSessionFolderOfAnotherUserIsNotUsed()
+{
+    if (geteuid() != 0)
+        QSKIP("Only the superuser can give a folder to somebody else");
+    const QString run = m_folder->filePath(u"run"_s);
+    QCOMPARE(chown(QFile::encodeName(run).constData(), 65534, 65534), 0);
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(PLNamesIn(run), QStringList());
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::aSessionFolderThatIsNoFullPathIsNotUsed()
+{
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folder->path()));
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, u"run"_s);
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(PLNamesIn(m_folder->filePath(u"run"_s)), QStringList());
+    QVERIFY(handsOverTo(program));
+}
+
+/// Its name can be foreseen, and everybody can make one in the temporary folder.
+void PLSingleInstanceTest::aFolderThatAnotherUserHasMadeIsNotUsed()
+{
+    if (geteuid() != 0)
+        QSKIP("Only the superuser can give a folder to somebody else");
+    m_environment.remove(u"XDG_RUNTIME_DIR"_s);
+    const QString folder = m_folder->filePath(u"aquilane-0"_s);
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QCOMPARE(chown(QFile::encodeName(folder).constData(), 65534, 65534), 0);
+    QVERIFY(QDir().mkpath(m_folder->filePath(u"config"_s)));
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(PLNamesIn(folder), QStringList());
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::aLinkWhereTheFolderShouldBeIsNotFollowed()
+{
+    m_environment.remove(u"XDG_RUNTIME_DIR"_s);
+    const QString target = m_folder->filePath(u"target"_s);
+    QVERIFY(QDir().mkpath(target));
+    QVERIFY(QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QVERIFY(QFile::link(target, m_folder->filePath(u"aquilane-%1"_s.arg(getuid()))));
+    QVERIFY(QDir().mkpath(m_folder->filePath(u"config"_s)));
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(PLNamesIn(target), QStringList());
+    QVERIFY(handsOverTo(program));
+}
+
+void PLSingleInstanceTest::linksWhereTheFilesShouldBeAreNotFollowed()
+{
+    const QString kept = m_folder->filePath(u"kept"_s);
+    QVERIFY(PLMakeFile(kept, "kept"));
+    for (const QString &name : {u"run/aquilane.lock"_s, u"run/aquilane.socket"_s})
+        QVERIFY(QFile::link(kept, m_folder->filePath(name)));
+    Start program(m_environment);
+    QCOMPARE(program.line(), QByteArray("first"));
+    QCOMPARE(program.line(), QByteArray("listening"));
+    QCOMPARE(PLBytesOf(kept), QByteArray("kept"));
+    QVERIFY(!QFile::exists(m_folder->filePath(u"run/aquilane.lock"_s)) ||
+            QFileInfo(m_folder->filePath(u"run/aquilane.lock"_s)).isSymLink());
+}
+
+/// Even if every door on the way to the socket has been opened.
+void PLSingleInstanceTest::anotherUserIsNotHeard()
+{
+    if (geteuid() != 0)
+        QSKIP("Only the superuser can act as somebody else");
+    Start program(m_environment);
+    program.line();
+    program.line();
+    const auto everything = QFile::Permissions(0x7777);
+    for (const QString &path : {m_folder->path(), m_folder->filePath(u"run"_s), socketPath()})
+        QVERIFY(QFile::setPermissions(path, everything));
+    QVERIFY(QDir().mkpath(m_folder->filePath(u"nobody"_s)));
+    {
+        const PLOrdinaryUser nobody(m_folder->filePath(u"nobody"_s));
+        QLocalSocket socket;
+        socket.connectToServer(socketPath());
+        QVERIFY(socket.waitForConnected(patience));
+        socket.write("{\"paths\":[\"/b\"]}\n");
+        QVERIFY(socket.state() != QLocalSocket::ConnectedState || socket.waitForDisconnected(patience));
+        QCOMPARE(socket.readAll(), QByteArray()); // not even an answer
+    }
+    QVERIFY(QFile::setPermissions(m_folder->filePath(u"run"_s), QFile::Permissions(0x7000)));
+    QVERIFY(handsOverTo(program)); // which shows too that nothing was taken for a request
+}
+
+/// It would learn the paths, and keep the program from starting by saying that it has taken them.
+void PLSingleInstanceTest::anotherUsersSocketIsNotSpokenTo()
+{
+    if (geteuid() != 0)
+        QSKIP("Only the superuser can act as somebody else");
+    QVERIFY(QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7777)));
+    const auto heard = [this](bool isOwn) {
+        const QString folder = m_folder->filePath(isOwn ? u"own"_s : u"nobody"_s);
+        QDir().mkpath(folder);
+        std::unique_ptr<PLOrdinaryUser> nobody;
+        if (!isOwn)
+            nobody = std::make_unique<PLOrdinaryUser>(folder);
+        QByteArray received;
+        SocketThatSaysYes socket(folder + u"/socket"_s);
+        nobody.reset();
+        std::thread listener([&] { received = socket.hear(); });
+        const bool isTaken = PLLineServer::send(folder + u"/socket"_s, "path", 2000);
+        listener.join();
+        return isTaken ? received : received + " refused";
+    };
+    QCOMPARE(heard(true), QByteArray("path\n"));
+    QCOMPARE(heard(false), QByteArray(" refused"));
 }
 
 QTEST_GUILESS_MAIN(PLSingleInstanceTest)

@@ -58,6 +58,8 @@ private Q_SLOTS:
     void aLinkClickIsHandedOverAndThePageStays_data();
     void aLinkClickIsHandedOverAndThePageStays();
     void aLinkClickedWhileAPageLoadsLosesNothing();
+    void aLinkToAnEmptyPageBringsThePageBack_data();
+    void aLinkToAnEmptyPageBringsThePageBack();
     void theFocusStaysInTheText();
     void aPreviewAddedToAShownWindowLeavesTheFocus();
     void aDeadEngineComesBack();
@@ -307,6 +309,39 @@ void PLPreviewViewTest::aLinkClickedWhileAPageLoadsLosesNothing()
         QCOMPARE(bench.content(), link.arg(number).replace(u'\'', u'"'));
     }
     QVERIFY(clicked.count() > 0);
+}
+
+void PLPreviewViewTest::aLinkToAnEmptyPageBringsThePageBack_data()
+{
+    QTest::addColumn<QString>("href");
+    QTest::newRow("an empty page") << u"about:blank"_s;
+    QTest::newRow("no address at all") << u"http:///"_s;
+}
+
+/// The engine goes there without asking; the preview then asks for its document again. So too while one
+/// loads.
+void PLPreviewViewTest::aLinkToAnEmptyPageBringsThePageBack()
+{
+    QFETCH(QString, href);
+    PLPreviewBench bench;
+    const QString link = u"<a href=\"%1\" style=\"display:block;height:200px\">%2</a>"_s;
+    int number = 0;
+    const auto load = [&] {
+        bench.preview->loadDocument(bench.document(link.arg(href).arg(number)), QUrl());
+    };
+    QSignalSpy missing(bench.preview, &PLPreviewView::contentMissing);
+    connect(bench.preview, &PLPreviewView::contentMissing, this, load);
+    load();
+    QVERIFY(clickUntil(bench, missing));
+    QTRY_COMPARE_WITH_TIMEOUT(bench.content(), link.arg(href).arg(number), 30'000);
+    for (number = 1; number <= 5; ++number) {
+        QTest::mouseClick(bench.surface(), Qt::LeftButton, {}, QPoint(60, 60));
+        QTest::qWait(number);
+        load();
+        QTest::mouseClick(bench.surface(), Qt::LeftButton, {}, QPoint(60, 60));
+        QTRY_COMPARE_WITH_TIMEOUT(bench.content(), link.arg(href).arg(number), 30'000);
+    }
+    QVERIFY(missing.count() < 20); // it does not go round
 }
 
 void PLPreviewViewTest::theFocusStaysInTheText()

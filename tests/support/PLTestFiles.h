@@ -34,3 +34,10 @@ inline QStringList PLNamesIn(const QString &folder)
     names.sort();
     return names;
 }
+
+/// A picture of 3 by 2.
+inline QByteArray PLPictureBytes()
+{
+    return QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAMAAAACCAIAAAASFvFNAAAAEElEQVR4nGM4uXMKBDHAWQ"
+                                  "B+egyFzcFVCwAAAABJRU5ErkJggg==");
+}

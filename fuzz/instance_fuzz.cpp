@@ -110,12 +110,15 @@ std::optional<Request> plainRequest(const QByteArray &sent)
 {
     const qsizetype end = sent.indexOf('\n');
     const QJsonDocument document = QJsonDocument::fromJson(sent.first(qMax<qsizetype>(end, 0)));
-    if (end < 0 || !document.isObject())
+    if (end < 0 || !document[u"paths"].isArray())
         return std::nullopt;
     Request request;
     const QJsonArray paths = document[u"paths"].toArray();
-    for (const QJsonValue &path : paths)
+    for (const QJsonValue &path : paths) {
+        if (!path.toString().startsWith(u'/'))
+            return std::nullopt;
         request.paths.append(path.toString());
+    }
     request.token = document[u"activationToken"].toString();
     return request;
 }
@@ -144,8 +147,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     turnEventLoop();
     turnEventLoop(); // a request is told one turn later
     PLRequire(first.request == plain, "a request is told as it was sent");
-    for (const QString &path : first.request.value_or(Request{}).paths)
-        PLRequire(path.startsWith(u'/'), "the paths of a request are absolute");
     const bool hasEnd = endsSending || sent.contains('\n');
     const std::optional<QByteArray> answer = caller.answer();
     PLRequire(answer.has_value() == hasEnd, "a caller is answered when its line has ended, and not before");

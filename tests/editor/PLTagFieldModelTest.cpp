@@ -114,6 +114,7 @@ private Q_SLOTS:
     void deleteSelectsATokenThenDeletesIt();
     void backspaceDeletesACharacterAndNoHalfPair();
     void deleteTakesAWholeGrapheme();
+    void noHalfPairIsDeletedBesideABurmeseLetter();
     void wordsAndTokensAreDeletedWhole();
     void selectingOverTokensAndTextGivesAList();
     void aTokenOpensForEditing();
@@ -318,6 +319,29 @@ void PLTagFieldModelTest::deleteTakesAWholeGrapheme()
     QVERIFY(model.text().startsWith(u"\U0001f469"_s));
     model.deleteForward();
     QCOMPARE(model.text(), u"z"_s);
+}
+
+/// Where Qt (6.4) sees a boundary within each pair.
+void PLTagFieldModelTest::noHalfPairIsDeletedBesideABurmeseLetter()
+{
+    const QString text = u"\u100d\U0001f600\U0001f600"_s;
+    PLTagFieldModel model;
+    model.insertText(text);
+    model.moveCaret(1);
+    model.deleteForward();
+    QCOMPARE(model.text(), text.first(3));
+    for (int position = 0; position <= text.size(); ++position) {
+        model.setTags({});
+        model.insertText(text);
+        model.moveCaret(position);
+        model.deleteWordForward();
+        QVERIFY(model.text().isValidUtf16());
+        model.setTags({});
+        model.insertText(text);
+        model.moveCaret(position);
+        model.deleteWordBackward();
+        QVERIFY(model.text().isValidUtf16());
+    }
 }
 
 void PLTagFieldModelTest::wordsAndTokensAreDeletedWhole()

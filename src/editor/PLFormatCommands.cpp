@@ -5,26 +5,21 @@
 
 #include "editor/PLFormatting.h"
 #include "editor/PLPageTextView.h"
+#include "foundation/PLText.h"
 
 #include <QApplication>
 #include <QInputMethod>
 
 namespace {
 
-bool splitsPair(const QString &text, qsizetype position)
-{
-    return position > 0 && position < text.size() && text[position - 1].isHighSurrogate() &&
-           text[position].isLowSurrogate();
-}
-
 /// Assistive software can put a caret between the two halves of a character, which a marker there would
 /// destroy.
 PLTextRange withWholePairs(const QString &text, PLTextRange range)
 {
-    const qsizetype start = range.position - (splitsPair(text, range.position) ? 1 : 0);
+    const qsizetype start = range.position - (PLSplitsPair(text, range.position) ? 1 : 0);
     if (range.length == 0)
         return {start, 0};
-    const qsizetype end = range.end() + (splitsPair(text, range.end()) ? 1 : 0);
+    const qsizetype end = range.end() + (PLSplitsPair(text, range.end()) ? 1 : 0);
     return {start, end - start};
 }
 

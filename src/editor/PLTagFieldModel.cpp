@@ -3,6 +3,7 @@
 
 #include "editor/PLTagFieldModel.h"
 
+#include "foundation/PLText.h"
 #include "storage/PLProjectItem.h"
 
 #include <QTextBoundaryFinder>
@@ -17,6 +18,12 @@ namespace {
 QStringList normalized(const QStringList &tags)
 {
     return PLProjectItem::normalizedTags(PLProjectItem::normalizedTags(tags));
+}
+
+bool isStartOfWord(const QTextBoundaryFinder &finder, const QString &text)
+{
+    return (finder.boundaryReasons() & QTextBoundaryFinder::StartOfItem) &&
+           !PLSplitsPair(text, finder.position());
 }
 
 } // namespace
@@ -111,8 +118,7 @@ int PLTagFieldModel::positionAfterWord(int position) const
     finder.setPosition(position - m_state.textIndex);
     do
         finder.toNextBoundary();
-    while (finder.position() < m_state.text.size() &&
-           !(finder.boundaryReasons() & QTextBoundaryFinder::StartOfItem));
+    while (finder.position() < m_state.text.size() && !isStartOfWord(finder, m_state.text));
     return m_state.textIndex + int(finder.position());
 }
 
@@ -124,7 +130,7 @@ int PLTagFieldModel::positionBeforeWord(int position) const
     finder.setPosition(position - m_state.textIndex);
     do
         finder.toPreviousBoundary();
-    while (finder.position() > 0 && !(finder.boundaryReasons() & QTextBoundaryFinder::StartOfItem));
+    while (finder.position() > 0 && !isStartOfWord(finder, m_state.text));
     return m_state.textIndex + int(finder.position());
 }
 
@@ -151,7 +157,8 @@ void PLTagFieldModel::edit(Kind kind, const std::function<void()> &change)
 {
     const State before = m_state;
     change();
-    if (before.tokens == m_state.tokens && before.text == m_state.text)
+    const bool isTextInPlace = before.textIndex == m_state.textIndex || m_state.text.isEmpty();
+    if (before.tokens == m_state.tokens && before.text == m_state.text && isTextInPlace)
         return;
     const bool joins = kind != Kind::Other && kind == m_lastKind && canUndo();
     if (!joins)
@@ -164,11 +171,7 @@ void PLTagFieldModel::edit(Kind kind, const std::function<void()> &change)
 int PLTagFieldModel::snapped(int position) const
 {
     const int inside = qBound(0, position, length());
-    const int offset = inside - m_state.textIndex;
-    const bool splitsPair = offset > 0 && offset < m_state.text.size() &&
-                            m_state.text[offset].isLowSurrogate() &&
-                            m_state.text[offset - 1].isHighSurrogate();
-    return splitsPair ? inside - 1 : inside;
+    return PLSplitsPair(m_state.text, inside - m_state.textIndex) ? inside - 1 : inside;
 }
 
 QStringList PLTagFieldModel::filtered(const QStringList &tags, int index) const

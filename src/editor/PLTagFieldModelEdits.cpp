@@ -49,15 +49,17 @@ int indexOfTag(const QStringList &tags, const QString &tag)
 
 int previousCharacter(const QString &text, int offset)
 {
-    const bool isPair = offset > 1 && text[offset - 1].isLowSurrogate() && text[offset - 2].isHighSurrogate();
-    return offset - (isPair ? 2 : 1);
+    return offset - (PLSplitsPair(text, offset - 1) ? 2 : 1);
 }
 
 int nextGrapheme(const QString &text, int offset)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     finder.setPosition(offset);
-    return int(finder.toNextBoundary());
+    do
+        finder.toNextBoundary();
+    while (PLSplitsPair(text, finder.position()));
+    return int(finder.position());
 }
 
 } // namespace

@@ -51,6 +51,12 @@ bool PLIsNewline(QChar character)
     return (code >= 0x0A && code <= 0x0D) || code == 0x85 || code == 0x2028 || code == 0x2029;
 }
 
+bool PLSplitsPair(QStringView text, qsizetype position)
+{
+    return position > 0 && position < text.size() && text[position - 1].isHighSurrogate() &&
+           text[position].isLowSurrogate();
+}
+
 QStringList PLSplitAtNewlines(const QString &text)
 {
     QStringList pieces;

@@ -19,6 +19,10 @@ QStringView PLTrimmedSpacesAndNewlines(QStringView text);
 /// True for the characters that end a line: U+000A to U+000D, U+0085, U+2028 and U+2029.
 bool PLIsNewline(QChar character);
 
+/// True between the two halves of a surrogate pair, where no text may be cut. The toolkit's boundary finder
+/// (Qt 6.4) stops there too, in a text with Burmese letters.
+bool PLSplitsPair(QStringView text, qsizetype position);
+
 /// The text cut at every line-ending character (so "\r\n" leaves an empty piece), in order.
 QStringList PLSplitAtNewlines(const QString &text);
 

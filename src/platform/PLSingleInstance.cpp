@@ -13,6 +13,8 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <algorithm>
+
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <sys/file.h>
@@ -80,6 +82,12 @@ QByteArray encodedRequest(const QStringList &paths)
     return QJsonDocument(request).toJson(QJsonDocument::Compact);
 }
 
+/// Not one of the program's own resources, whose paths count as absolute.
+bool isAbsolutePath(const QString &path)
+{
+    return QDir::isAbsolutePath(path) && !path.startsWith(u':');
+}
+
 } // namespace
 
 PLSingleInstance::PLSingleInstance(QObject *parent) : QObject(parent), m_folder(privateFolder()) {}
@@ -143,12 +151,14 @@ QString PLSingleInstance::socketPath() const
 bool PLSingleInstance::takeRequest(const QByteArray &line)
 {
     const QJsonDocument request = QJsonDocument::fromJson(line);
-    if (!request.isObject())
+    if (!request[u"paths"].isArray())
         return false;
     QStringList paths;
     const QJsonArray elements = request[u"paths"].toArray();
     for (const auto &element : elements)
         paths.append(element.toString());
+    if (!std::all_of(paths.begin(), paths.end(), isAbsolutePath))
+        return false;
     const QString token = request[u"activationToken"].toString();
     // Later: the other process waits for its answer, and what comes now may put up an alert.
     QMetaObject::invokeMethod(

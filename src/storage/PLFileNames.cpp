@@ -59,6 +59,8 @@ QStringView beginning(QStringView text, qsizetype bytes, QTextBoundaryFinder::Bo
     qsizetype end = 0;
     qsizetype used = 0;
     for (qsizetype next = finder.toNextBoundary(); next > end; next = finder.toNextBoundary()) {
+        if (PLSplitsPair(text, next))
+            continue;
         used += byteCount(text.sliced(end, next - end));
         if (used > bytes)
             break;

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void spacesAreTrimmed();
     void newlinesAreKnown_data();
     void newlinesAreKnown();
+    void pairsAreKnown();
     void textIsSplitAtNewlines_data();
     void textIsSplitAtNewlines();
     void placeholdersAreReplacedInOrder_data();
@@ -64,6 +65,17 @@ void PLTextTest::newlinesAreKnown()
 {
     QFETCH(int, code);
     QTEST(PLIsNewline(QChar(code)), "isNewline");
+}
+
+void PLTextTest::pairsAreKnown()
+{
+    const QString text = u"a\U0001f600b"_s + QChar(0xdc00) + QChar(0xd800);
+    QList<qsizetype> split;
+    for (qsizetype position = -1; position <= text.size() + 1; ++position) {
+        if (PLSplitsPair(text, position))
+            split.append(position);
+    }
+    QCOMPARE(split, QList<qsizetype>{2});
 }
 
 void PLTextTest::textIsSplitAtNewlines_data()

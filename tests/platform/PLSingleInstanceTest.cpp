@@ -279,6 +279,12 @@ void PLSingleInstanceTest::garbageDoesNoHarm_data()
     QTest::newRow("zeros") << QByteArray(1000, '\0') + '\n';
     QTest::newRow("an array") << QByteArray("[1, 2]\n");
     QTest::newRow("broken JSON") << QByteArray("{\"paths\": [\"/a\"\n");
+    QTest::newRow("no paths") << QByteArray("{}\n");
+    QTest::newRow("a path without a list") << QByteArray("{\"paths\": \"/a\"}\n");
+    QTest::newRow("a path relative to nobody knows what") << QByteArray("{\"paths\": [\"/a\", \"b\"]}\n");
+    QTest::newRow("an empty path") << QByteArray("{\"paths\": [\"\"]}\n");
+    QTest::newRow("a path inside the program") << QByteArray("{\"paths\": [\":/a\"]}\n");
+    QTest::newRow("a number for a path") << QByteArray("{\"paths\": [1]}\n");
     QTest::newRow("deep JSON") << QByteArray(100000, '[') + '\n';
     QTest::newRow("a line without an end") << QByteArray(5 << 20, 'x');
     QTest::newRow("a very long line") << QByteArray(5 << 20, 'x') + '\n';

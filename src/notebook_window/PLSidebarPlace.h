@@ -9,8 +9,8 @@
 
 class PLSidebarTree;
 
-/// What a row of the sidebar stands for. Unlike the row it outlives the tree, and finds the row that stands for
-/// the same in another one.
+/// What a row of the sidebar stands for. Unlike the row it outlives the tree, and finds the row that stands
+/// for the same in another one.
 class PLSidebarPlace final
 {
 public:

@@ -79,13 +79,13 @@ void openTag(PLWriter &writer, quint32 which, quint32 pageOfTag)
     const auto &tags = desk.sidebar().tree().tagSection()->children();
     if (tags.empty())
         return;
-    const PLSidebarNode *tag = PLPick(tags, which).get();
+    const PLSidebarNode *tag = PLPick(tags, which);
     desk.sidebar().selectSidebarObject(tag);
     desk.expectSaved();
     desk.model.close();
     if (desk.listIsOld || pageOfTag % 2 == 0)
         return;
-    const PLSidebarNode *reference = PLPick(tag->children(), pageOfTag / 2).get();
+    const PLSidebarNode *reference = PLPick(tag->children(), pageOfTag / 2);
     const QString path = desk.pathOf(*PLItemOfNode(reference));
     desk.sidebar().selectSidebarObject(reference);
     desk.model.load(path);

@@ -226,10 +226,8 @@ QString PLWriterDesk::checkList() const
         return QString();
     QStringList listed;
     for (unsigned number = 0; number < std::size(sectionFolders); ++number) {
-        for (const auto &child : sidebar().tree().section(PLSection(number))->children()) {
-            if (const auto *page = dynamic_cast<const PLSidebarPage *>(child.get()))
-                listed.append(pathOf(*page->item));
-        }
+        for (const PLSidebarNode *page : sidebar().tree().section(PLSection(number))->children())
+            listed.append(pathOf(*PLItemOfNode(page)));
     }
     listed.sort();
     QStringList expected = model.disk.keys();
@@ -248,10 +246,10 @@ QString PLWriterDesk::checkTags() const
             expected[tag.toLower()].append(file.key());
     }
     QMap<QString, QStringList> shown;
-    for (const auto &tag : sidebar().tree().tagSection()->children()) {
-        QStringList &pages = shown[static_cast<const PLSidebarTag &>(*tag).name.toLower()];
-        for (const auto &reference : tag->children())
-            pages.append(pathOf(*PLItemOfNode(reference.get())));
+    for (const PLSidebarNode *tag : sidebar().tree().tagSection()->children()) {
+        QStringList &pages = shown[static_cast<const PLSidebarTag *>(tag)->name.toLower()];
+        for (const PLSidebarNode *reference : tag->children())
+            pages.append(pathOf(*PLItemOfNode(reference)));
         pages.sort();
     }
     return shown == expected ? QString() : u"the tags shown are "_s + shown.keys().join(u", "_s);

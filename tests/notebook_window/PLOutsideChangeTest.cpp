@@ -26,6 +26,8 @@ private Q_SLOTS:
 
     void bothTextsAreKept_data();
     void bothTextsAreKept();
+    void aFolderThatWasRenamedIsNotMadeAnew_data();
+    void aFolderThatWasRenamedIsNotMadeAnew();
     void theNextSaveKeepsNothingMore();
     void theSameTextFromOutsideIsNoChange();
     void aFileThatWasOnlyTouchedIsNoChange();
@@ -88,6 +90,32 @@ void PLOutsideChangeTest::bothTextsAreKept()
     QCOMPARE(m_window->notebook.read(opened), saved);
     QVERIFY(!session().isDirty());
     QCOMPARE(session().currentItem()->fileURL(), m_window->notebook.url(opened));
+}
+
+void PLOutsideChangeTest::aFolderThatWasRenamedIsNotMadeAnew_data()
+{
+    QTest::addColumn<QString>("folder");
+
+    QTest::newRow("the section") << u"Livre"_s;
+    QTest::newRow("the notebook") << QString();
+}
+
+/// The save fails, and works as soon as the folder has its name back.
+void PLOutsideChangeTest::aFolderThatWasRenamedIsNotMadeAnew()
+{
+    QFETCH(QString, folder);
+    const QString path = m_window->notebook.path(folder);
+    m_window->type(u"x"_s);
+    QVERIFY(QDir().rename(path, path + u" ailleurs"_s));
+
+    QVERIFY(!session().saveCurrentItem());
+
+    QCOMPARE(m_window->alerts.size(), 1);
+    QVERIFY(session().isDirty());
+    QVERIFY(!QFileInfo::exists(path));
+    QVERIFY(QDir().rename(path + u" ailleurs"_s, path));
+    QVERIFY(session().saveCurrentItem());
+    QCOMPARE(m_window->notebook.read(file), u"---\ntags: bal\n---\n\nxun"_s);
 }
 
 void PLOutsideChangeTest::theNextSaveKeepsNothingMore()

@@ -24,7 +24,10 @@ public:
     /// Takes the socket away.
     ~PLLineServer() override;
 
-    /// Listens at this path, in the place of a socket that was left there.
+    /// Whether a path is short enough to listen at.
+    static bool canListenAt(const QString &path);
+
+    /// Listens at this path, in the place of a socket, a file, a link or an empty folder that was left there.
     void listen(const QString &path);
 
     /// Sends a line to whoever listens at this path; needs no application object. True if it was taken within

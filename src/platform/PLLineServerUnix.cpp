@@ -182,13 +182,19 @@ PLLineServer::~PLLineServer()
     QFile::remove(m_path);
 }
 
+bool PLLineServer::canListenAt(const QString &path)
+{
+    return addressOf(path).has_value();
+}
+
 void PLLineServer::listen(const QString &path)
 {
     const std::optional<sockaddr_un> address = addressOf(path);
     Descriptor server(socket(AF_UNIX, SOCK_STREAM, 0));
     if (!address || server.number() < 0)
         return;
-    unlink(address->sun_path);
+    if (unlink(address->sun_path) != 0)
+        rmdir(address->sun_path);
     const mode_t othersMode = umask(077); // the socket is born private
     const bool bound = bind(server.number(), generic(*address), sizeof *address) == 0;
     umask(othersMode);

@@ -7,6 +7,7 @@
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -28,48 +29,43 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString lockName = u"/aquilane.lock"_s;
+const QString socketName = u"/aquilane.socket"_s;
+
 #ifdef Q_OS_UNIX
-bool isOurFolder(const struct stat &information, mode_t keptFromOthers)
+/// A folder of this user's, to which those whose rights are among these `others` have none.
+bool isOwnFolder(const QString &folder, mode_t others)
 {
-    return S_ISDIR(information.st_mode) && information.st_uid == getuid() &&
-           (information.st_mode & keptFromOthers) == 0;
-}
-
-/// The session's folder, as its environment names it. One in which somebody else could put a socket of his
-/// own is none: he would be handed the paths, and the program would not start.
-QString sessionFolder()
-{
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     struct stat information = {};
-    const bool isFound =
-        QDir::isAbsolutePath(folder) && stat(QFile::encodeName(folder).constData(), &information) == 0;
-    return isFound && isOurFolder(information, 022) ? folder : QString();
+    return lstat(QFile::encodeName(folder).constData(), &information) == 0 && S_ISDIR(information.st_mode) &&
+           information.st_uid == getuid() && (information.st_mode & others) == 0;
 }
 
-/// A folder made under the temporary folder, where others can make one of that name, or a link, before us.
-QString temporaryFolder()
+/// Where the lock and the socket may be, the best first: the session's own folder; one made for this user
+/// under the temporary folder; the one of his settings.
+QStringList privateFolders()
 {
-    const QString folder = QDir::tempPath() + u"/aquilane-%1"_s.arg(getuid());
-    const QByteArray name = QFile::encodeName(folder);
-    mkdir(name.constData(), 0700);
-    struct stat information = {};
-    const bool isFound = lstat(name.constData(), &information) == 0;
-    return isFound && isOurFolder(information, 077) ? folder : QString();
+    QStringList folders;
+    const QString runtime = QFileInfo(qEnvironmentVariable("XDG_RUNTIME_DIR")).canonicalFilePath();
+    const bool isAbsolute = qEnvironmentVariable("XDG_RUNTIME_DIR").startsWith(u'/');
+    if (isAbsolute && isOwnFolder(runtime, S_IWGRP | S_IWOTH) &&
+        PLLineServer::canListenAt(runtime + socketName))
+        folders.append(runtime);
+    const QString temporary = QDir::tempPath() + u"/aquilane-%1"_s.arg(getuid());
+    mkdir(QFile::encodeName(temporary).constData(), S_IRWXU);
+    if (isOwnFolder(temporary, S_IRWXG | S_IRWXO))
+        folders.append(temporary);
+    const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    QDir().mkpath(settings);
+    return folders << settings;
 }
 
-/// A folder in which only this user can make a file.
-QString privateFolder()
+/// Negative if there is no place for a lock, as on a disk that cannot be written to, or if something else has
+/// its name.
+int openLock(const QString &folder)
 {
-    if (const QString folder = sessionFolder(); !folder.isEmpty())
-        return folder;
-    if (const QString folder = temporaryFolder(); !folder.isEmpty())
-        return folder;
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-}
-#else
-QString privateFolder()
-{
-    return QDir::tempPath();
+    const QByteArray path = QFile::encodeName(folder + lockName);
+    return open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
 }
 #endif
 
@@ -90,7 +86,18 @@ bool isAbsolutePath(const QString &path)
 
 } // namespace
 
-PLSingleInstance::PLSingleInstance(QObject *parent) : QObject(parent), m_folder(privateFolder()) {}
+PLSingleInstance::PLSingleInstance(QObject *parent) : QObject(parent), m_folder(QDir::tempPath())
+{
+#ifdef Q_OS_UNIX
+    const QStringList folders = privateFolders();
+    for (const QString &folder : folders) {
+        m_folder = folder;
+        m_lockDescriptor = openLock(folder);
+        if (m_lockDescriptor >= 0)
+            return;
+    }
+#endif
+}
 
 PLSingleInstance::~PLSingleInstance()
 {
@@ -118,20 +125,10 @@ PLSingleInstance::Role PLSingleInstance::start(const QStringList &paths, int tim
 bool PLSingleInstance::lock()
 {
 #ifdef Q_OS_UNIX
-    if (m_lockDescriptor >= 0)
-        return true;
-    const QByteArray path = QFile::encodeName(m_folder + u"/aquilane.lock"_s);
-    const int descriptor = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (descriptor < 0)
-        return true; // no place to lock in: better to start than to refuse
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-        close(descriptor);
-        return false;
-    }
-    m_lockDescriptor = descriptor;
-    return true;
+    // No place to lock in: better to start than to refuse.
+    return m_lockDescriptor < 0 || flock(m_lockDescriptor, LOCK_EX | LOCK_NB) == 0;
 #else
-    static QLockFile file(m_folder + u"/aquilane.lock"_s);
+    static QLockFile file(m_folder + lockName);
     return file.tryLock(0);
 #endif
 }
@@ -145,7 +142,7 @@ void PLSingleInstance::listen()
 
 QString PLSingleInstance::socketPath() const
 {
-    return m_folder + u"/aquilane.socket"_s;
+    return m_folder + socketName;
 }
 
 bool PLSingleInstance::takeRequest(const QByteArray &line)

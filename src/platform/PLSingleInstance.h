@@ -47,6 +47,6 @@ private:
     bool takeRequest(const QByteArray &line);
 
     QString m_folder;
-    int m_lockDescriptor = -1;
+    int m_lockDescriptor = -1; ///< of the open file, locked or not
     std::unique_ptr<PLLineServer> m_server;
 };

@@ -76,6 +76,31 @@ a_killed_program_does_not_stop_the_next() {
     ends_with 0
 }
 
+# The second start says why it does nothing, and ends; it has no window of the notebook, and writes nothing.
+a_stopped_program_is_not_edited_beside() {
+    local first second status=0
+    start "$notebook"
+    expect_title "Le phare — Le départ"
+    first=$pid
+    kill -STOP "$first"
+    start "$notebook"
+    second=$pid
+    pid=$first # which is killed whatever happens
+    expect_alert "does not answer"
+    [[ $(xdotool search --onlyvisible --name "^Le phare" | wc -l) == 1 ]] || fail "there are two windows of one notebook"
+    press Return
+    until_true "the end of the second start" is_gone "$second"
+    wait "$second" || status=$?
+    ((status == 1)) || fail "the second start ended with $status"
+    kill -CONT "$first"
+    until_true "the first program" second "$notebook"
+    expect_title "Le phare — Le départ"
+    [[ $(xdotool search --onlyvisible --name "^Le phare" | wc -l) == 1 ]] || fail "there are two windows of one notebook"
+    press ctrl+q
+    ends_with 0
+    is_untouched "Livre/01 - Le départ.md"
+}
+
 make_notebook
 start "$notebook"
 expect_title "Le phare — Le départ"
@@ -86,4 +111,5 @@ the_desktop_hears_that_the_start_is_over
 a_missing_notebook_is_told_by_the_first
 quitting_ends_everything
 a_killed_program_does_not_stop_the_next
+a_stopped_program_is_not_edited_beside
 said_nothing

@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/PLLineServer.h"
+#include "platform/PLProgramStart.h"
 #include "support/PLTestDisk.h"
 #include "support/PLTestFiles.h"
 
 #include <QElapsedTimer>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QLocalSocket>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,41 +22,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
+using Start = PLProgramStart;
 
-/// One start of the program, in a process of its own. Killed when it goes out of scope.
-class Start final
-{
-public:
-    explicit Start(const QProcessEnvironment &environment, const QStringList &paths = {})
-    {
-        m_process.setProcessEnvironment(environment);
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(AQUILANE_START), paths);
-    }
-    ~Start() { kill(); }
-
-    Start(const Start &) = delete;
-    Start &operator=(const Start &) = delete;
-
-    /// The next line it says; empty when it says no more.
-    QByteArray line()
-    {
-        while (!m_process.canReadLine() && m_process.waitForReadyRead(patience)) {
-        }
-        return m_process.readLine().chopped(1);
-    }
-    void send(const QByteArray &bytes) { m_process.write(bytes); }
-    bool isRunning() const { return m_process.state() == QProcess::Running; }
-    void kill()
-    {
-        m_process.kill(); // SIGKILL
-        m_process.waitForFinished(patience);
-    }
-
-private:
-    QProcess m_process;
-};
+constexpr int patience = Start::patience;
 
 /// A socket of whoever this process is when it is made, where one caller is told that his line was taken.
 class SocketThatSaysYes final
@@ -96,9 +62,7 @@ private:
 
 QByteArray requestOf(const QStringList &paths, const QString &token = u""_s)
 {
-    QJsonArray request = QJsonArray::fromStringList(paths);
-    request.append(token);
-    return QJsonDocument(request).toJson(QJsonDocument::Compact);
+    return Start::requestOf(paths, token);
 }
 
 } // namespace

@@ -3,13 +3,15 @@
 //
 // One start of a program that there is once for each user: says who it is and, as the first, every request it
 // gets, a line each. The paths are its arguments. In its environment, START_TIMEOUT is in milliseconds,
-// START_HUNG makes a program that does not answer, START_LATE one that listens only when it is sent a line.
+// START_HUNG makes a program that does not answer, START_LATE one that listens only when it is sent a line,
+// START_CHILD one that starts a process that outlives it, and says its number.
 
 #include "platform/PLSingleInstance.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QProcess>
 
 #include <cstdio>
 
@@ -58,6 +60,10 @@ int main(int argc, char *argv[])
                      });
     instance.listen();
     say("listening");
+    if (qint64 child = 0; qEnvironmentVariableIsSet("START_CHILD")) {
+        QProcess::startDetached(QStringLiteral("sleep"), {QStringLiteral("60")}, QString(), &child);
+        say(QByteArray::number(child));
+    }
     if (qEnvironmentVariableIsSet("START_HUNG"))
         std::getchar();
     return QCoreApplication::exec();

@@ -40,7 +40,7 @@ QString sessionFolder()
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     struct stat information = {};
     const bool isFound =
-        QDir::isAbsolutePath(folder) && stat(QFile::encodeName(folder).constData(), &information) == 0;
+        folder.startsWith(u'/') && stat(QFile::encodeName(folder).constData(), &information) == 0;
     return isFound && isOurFolder(information, 022) ? folder : QString();
 }
 

@@ -52,7 +52,7 @@ QString PLTextOfDocument(const QTextDocument &document)
 QString PLTextOfHTML(const QString &html)
 {
     static const QRegularExpression narrowSpace(u"\u202f|&#(8239|[xX]202[fF]);"_s);
-    static const QRegularExpression styleSheet(u"<link\\b[^>]*>"_s,
+    static const QRegularExpression styleSheet(u"<link\\b[^<>]*>"_s,
                                                QRegularExpression::CaseInsensitiveOption);
     constexpr QChar standIn = u'\ufdd2';
     PLDocumentOfText document;

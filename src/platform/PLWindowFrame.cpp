@@ -47,7 +47,9 @@ bool PLRestoreWindowFrame(QWidget &window, const QString &name)
         return false;
     if (isWithinReach(window))
         return true;
+    const Qt::WindowStates state = window.windowState(); // a maximized window has the screen's size anyway
     window.setWindowState(Qt::WindowNoState);
     window.setGeometry(before);
+    window.setWindowState(state);
     return false;
 }

@@ -167,7 +167,7 @@ void PLHostilePreferencesTest::values()
     QFETCH(const QString, key);
     QVariantList hostile{QVariant(notFolders()), QVariant(QStringList{u"../../x"_s, u"$(touch canary)"_s})};
     if (!key.endsWith(u"Projects"_s)) // for which the list holds them all
-        hostile += notFolders().mid(14);
+        hostile += notFolders().mid(18);
     for (const QVariant &value : std::as_const(hostile)) {
         PLPreferences::store().setValue(key, value);
         PLPreferences::store().sync();

@@ -72,6 +72,8 @@ private Q_SLOTS:
     void theSizeIsToldWhenItChanges();
     void whatIsDrawnIsTheTextAndTheCaret();
     void aSelectionHasNoStripes();
+    void aWordWithoutEndIsBrokenAnywhere_data();
+    void aWordWithoutEndIsBrokenAnywhere();
 };
 
 void PLPageLayoutTest::theColumnIsCentredWithALeastMargin_data()
@@ -277,6 +279,33 @@ void PLPageLayoutTest::aSelectionHasNoStripes()
         reds += image.pixelColor(x, y) == QColor(Qt::red);
     QCOMPARE(reds, int(page.layout->documentSize().height()) - 64);
     QCOMPARE(image.pixelColor(x, 30), QColor(Qt::white));
+}
+
+void PLPageLayoutTest::aWordWithoutEndIsBrokenAnywhere_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isBrokenAnywhere");
+    QTest::newRow("a word of 1,000 letters") << QString(1000, u'a') << false;
+    QTest::newRow("one of 1,001") << QString(1001, u'a') << true;
+    QTest::newRow("prose") << u"un mot "_s.repeated(1000) << false;
+    QTest::newRow("such a word in prose") << u"un mot "_s.repeated(10) + QString(1001, u'>') << true;
+    QTest::newRow("one in each of two paragraphs")
+        << QString(600, u'a') + u'\n' + QString(600, u'a') << false;
+    QTest::newRow("spaces that do not break") << u"un\u00a0mot\u202f"_s.repeated(200) << true;
+    QTest::newRow("Chinese") << u"紅樓夢"_s.repeated(1000) << false;
+    QTest::newRow("Japanese") << u"げんじものがたり"_s.repeated(1000) << false;
+    QTest::newRow("Korean") << u"춘향전"_s.repeated(1000) << false;
+}
+
+void PLPageLayoutTest::aWordWithoutEndIsBrokenAnywhere()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, isBrokenAnywhere);
+    Page page(text);
+    page.layOutAll();
+    const QTextLayout &layout = *page.document.begin().layout();
+    QCOMPARE(layout.textOption().wrapMode() == QTextOption::WrapAnywhere, isBrokenAnywhere);
+    QVERIFY(layout.lineCount() > 1);
 }
 
 QTEST_MAIN(PLPageLayoutTest)

@@ -3,6 +3,8 @@
 
 #include "editor/PLPageLayout.h"
 
+#include "editor/PLPageDocument.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QImage>
 #include <QPainter>
@@ -74,6 +76,8 @@ private Q_SLOTS:
     void aSelectionHasNoStripes();
     void aWordWithoutEndIsBrokenAnywhere_data();
     void aWordWithoutEndIsBrokenAnywhere();
+    void aTextThatNoDocumentHoldsIsKnown_data();
+    void aTextThatNoDocumentHoldsIsKnown();
 };
 
 void PLPageLayoutTest::theColumnIsCentredWithALeastMargin_data()
@@ -306,6 +310,33 @@ void PLPageLayoutTest::aWordWithoutEndIsBrokenAnywhere()
     const QTextLayout &layout = *page.document.begin().layout();
     QCOMPARE(layout.textOption().wrapMode() == QTextOption::WrapAnywhere, isBrokenAnywhere);
     QVERIFY(layout.lineCount() > 1);
+}
+
+void PLPageLayoutTest::aTextThatNoDocumentHoldsIsKnown_data()
+{
+    QTest::addColumn<int>("paragraph");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("isTooLarge");
+    constexpr int million = 1'000'000;
+    QTest::newRow("nothing") << 0 << 1 << false;
+    QTest::newRow("the longest paragraph") << 4 * million << 1 << false;
+    QTest::newRow("the longest paragraphs") << 4 * million << 10 << false;
+    QTest::newRow("a longer paragraph") << 4 * million + 1 << 1 << true;
+    QTest::newRow("longer ones") << 4 * million + 1 << 3 << true;
+    QTest::newRow("the most paragraphs") << 0 << 4 * million << false;
+    QTest::newRow("more paragraphs") << 0 << 4 * million + 1 << true;
+    QTest::newRow("the most characters") << 499 << 100'000 << false;
+    QTest::newRow("more characters") << 499 << 100'002 << true;
+}
+
+void PLPageLayoutTest::aTextThatNoDocumentHoldsIsKnown()
+{
+    QFETCH(int, paragraph);
+    QFETCH(int, count);
+    QFETCH(bool, isTooLarge);
+    QString text = (QString(paragraph, u'a') + u'\n').repeated(count);
+    text.chop(1);
+    QCOMPARE(PLIsTooLargeForPage(text), isTooLarge);
 }
 
 QTEST_MAIN(PLPageLayoutTest)

@@ -13,12 +13,12 @@
 #endif
 #endif
 
-/// The longest that a step may keep the windows waiting, in seconds. Our own code is three to five times as
-/// slow under the sanitizers, which check each access to memory.
+/// How much longer a step may take in this build: our own code is three to five times as slow under the
+/// sanitizers, which check each access to memory.
 #ifdef PL_ZOO_SANITIZED
-inline constexpr double PLZooLongestStep = 2.0 * 5;
+inline constexpr double PLZooSlowness = 5;
 #else
-inline constexpr double PLZooLongestStep = 2.0;
+inline constexpr double PLZooSlowness = 1;
 #endif
 
 /// How long a step has kept the thread of the windows: the time it worked and the time it waited for the disk

@@ -72,6 +72,14 @@ PLZooNotebook huge(const char *name, const QByteArray &pattern, int usual, int f
     return {name, make, true, tame + 1};
 }
 
+/// The same with a page that is too large to be opened.
+PLZooNotebook tooHuge(const char *name, const QByteArray &pattern, int usual, int full)
+{
+    PLZooNotebook notebook = huge(name, pattern, usual, full);
+    notebook.opened = tame;
+    return notebook;
+}
+
 void makeBeyondAll(const PLZooCage &cage)
 {
     PLMakeTameNotebook(cage);
@@ -150,13 +158,19 @@ std::vector<PLZooNotebook> PLZooPageContents()
 std::vector<PLZooNotebook> PLZooHugePages()
 {
     const QByteArray prose = "Il était une fois, dans un « pays » lointain, une *aventure* sans fin.\n";
+    PLZooNotebook noGlyphs = huge("nothing but NUL", QByteArray(1, '\0'), 1, 3);
+    noGlyphs.longestStep = 4; // the toolkit asks every font for each character that none has
     return {
-        huge("prose", prose, 10, 100),
-        huge("one line of words", "mot sans fin, ", 2, 10),
-        huge("one word", "a", 2, 10),
-        huge("nothing but NUL", QByteArray(1, '\0'), 2, 100),
-        huge("binary", allBytes(), 2, 100),
-        huge("line feeds", "\n", 2, 10),
+        huge("prose", prose, 5, 50),
+        huge("one line of words", "mot sans fin, ", 1, 3),
+        huge("one word", "a", 1, 3),
+        noGlyphs,
+        huge("binary", allBytes(), 1, 50),
+        huge("line feeds", "\n", 1, 3),
+        tooHuge("too much prose", prose, 55, 100),
+        tooHuge("too long a line", "mot sans fin, ", 10, 100),
+        tooHuge("too much NUL", QByteArray(1, '\0'), 5, 100),
+        tooHuge("too many line feeds", "\n", 10, 100),
         {"beyond all", makeBeyondAll, true, tame + 1, tame},
     };
 }

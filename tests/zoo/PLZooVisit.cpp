@@ -248,6 +248,6 @@ void PLZooVisit::noteTime(const QString &what, double seconds)
         m_slowest = seconds;
         m_slowestStep = what;
     }
-    if (seconds > PLZooLongestStep)
+    if (seconds > m_notebook.longestStep * PLZooSlowness)
         complain(u"%1 s: %2"_s.arg(seconds, 0, 'f', 2).arg(what));
 }

@@ -20,7 +20,7 @@ namespace {
 
 constexpr qsizetype mostCharacters = 50'000'000;
 constexpr qsizetype longestParagraph = 4'000'000;
-constexpr qsizetype mostParagraphs = 4'000'000;
+constexpr qsizetype mostParagraphs = 1'500'000;
 
 } // namespace
 

@@ -14,7 +14,7 @@ class QTextDocument;
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText);
 
 /// True for a text that no document can hold in reasonable time and memory: more than fifty million
-/// characters, or a paragraph of more than four million, or as many paragraphs.
+/// characters, or a paragraph of more than four million, or more than one and a half million paragraphs.
 bool PLIsTooLargeForPage(QStringView text);
 
 /// The document's text with "\n" between its paragraphs and every other character as it stands: unlike

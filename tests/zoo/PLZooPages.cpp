@@ -166,11 +166,11 @@ std::vector<PLZooNotebook> PLZooHugePages()
         huge("one word", "a", 1, 3),
         noGlyphs,
         huge("binary", allBytes(), 1, 50),
-        huge("line feeds", "\n", 1, 3),
+        huge("line feeds", "\n", 1, 1),
         tooHuge("too much prose", prose, 55, 100),
         tooHuge("too long a line", "mot sans fin, ", 10, 100),
         tooHuge("too much NUL", QByteArray(1, '\0'), 5, 100),
-        tooHuge("too many line feeds", "\n", 10, 100),
+        tooHuge("too many line feeds", "\n", 2, 100),
         {"beyond all", makeBeyondAll, true, tame + 1, tame},
     };
 }

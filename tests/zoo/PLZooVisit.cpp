@@ -131,9 +131,10 @@ void PLZooVisit::lookAtEveryPage()
     const QStringList tried = pagesToTry(pagesLookedAt);
     for (const QString &path : tried) {
         const qsizetype alertsBefore = m_alerts.size();
-        if (select(path))
+        if (select(path)) {
             m_opened.append(path);
-        else if (m_alerts.size() == alertsBefore)
+            lookAround();
+        } else if (m_alerts.size() == alertsBefore)
             complain(u"a page is not opened, without a word: "_s + PLZooShown(path));
     }
     const qsizetype expected = m_notebook.opened.value_or(int(tried.size()));
@@ -158,10 +159,7 @@ bool PLZooVisit::select(const QString &path)
         complain(u"another page is open than "_s + shown);
     if (bool(item) == m_controller->placeholderLabel()->isVisible())
         complain(u"the placeholder is shown, or hidden, wrongly for "_s + shown);
-    if (!item)
-        return false;
-    lookAround();
-    return true;
+    return item != nullptr;
 }
 
 /// To the end and back, another width, and what the preview would be given.

@@ -75,10 +75,10 @@ QStringList PLZooVisit::run()
 
 QString PLZooVisit::summary() const
 {
-    return u"%1 s at most, %2; %3 pages read, %4 alerts"_s.arg(m_slowest, 0, 'f', 2)
-        .arg(m_slowestStep)
+    return u"%1 s at most; %2 pages read, %3 alerts; the longest: %4"_s.arg(m_slowest, 0, 'f', 2)
         .arg(m_opened.size())
-        .arg(m_alerts.size());
+        .arg(m_alerts.size())
+        .arg(m_slowestStep);
 }
 
 void PLZooVisit::lookAtLibrary()

@@ -26,7 +26,27 @@ protected:
     QVariant loadResource(int, const QUrl &) override { return {}; }
 };
 
+constexpr qsizetype mostCharacters = 50'000'000;
+constexpr qsizetype longestParagraph = 4'000'000;
+constexpr qsizetype mostParagraphs = 1'500'000;
+
 } // namespace
+
+bool PLIsTooLargeForPage(QStringView text)
+{
+    if (text.size() < qMin(longestParagraph, mostParagraphs))
+        return false;
+    if (text.size() > mostCharacters)
+        return true;
+    qsizetype paragraphs = 1;
+    qsizetype start = 0;
+    for (qsizetype end = text.indexOf(u'\n'); end >= 0; end = text.indexOf(u'\n', start)) {
+        if (end - start > longestParagraph || ++paragraphs > mostParagraphs)
+            return true;
+        start = end + 1;
+    }
+    return text.size() - start > longestParagraph;
+}
 
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText)
 {

@@ -13,6 +13,10 @@ class QTextDocument;
 /// The text has gone through PLPageCharacters.
 std::unique_ptr<QTextDocument> PLMakePageDocument(const QString &encodedText);
 
+/// True for a text that no document can hold in reasonable time and memory: more than fifty million
+/// characters, or a paragraph of more than four million, or more than one and a half million paragraphs.
+bool PLIsTooLargeForPage(QStringView text);
+
 /// The document's text with "\n" between its paragraphs and every other character as it stands: unlike
 /// toPlainText, which makes no-break spaces plain ones.
 QString PLTextOfDocument(const QTextDocument &document);

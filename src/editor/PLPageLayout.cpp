@@ -19,11 +19,43 @@ constexpr int largestColumnWidth = 720;
 constexpr int smallestInset = 44;
 constexpr double tallestView = 2000; // points
 constexpr int smallChange = 64;      ///< paragraphs that are laid out as soon as they change
+constexpr qsizetype longestWord = 1000;
 
-QTextOption pageTextOption()
+/// True if a line can always end beside this character.
+bool endsWord(QChar character)
 {
+    switch (character.unicode()) {
+    case QChar::Nbsp:
+    case 0x2007: // as wide as a digit
+    case 0x202F: // narrow
+        return false;
+    default:
+        break;
+    }
+    const QChar::Script script = character.script();
+    return character.isSpace() || script == QChar::Script_Han || script == QChar::Script_Hiragana ||
+           script == QChar::Script_Katakana || script == QChar::Script_Hangul;
+}
+
+/// True if the paragraph has a word that no writer has written. For each line Qt looks for the end of the
+/// word (6.4): 300,000 characters without a space took four seconds.
+bool hasEndlessWord(const QString &text)
+{
+    qsizetype length = 0;
+    for (const QChar character : text) {
+        length = endsWord(character) ? 0 : length + 1;
+        if (length > longestWord)
+            return true;
+    }
+    return false;
+}
+
+QTextOption textOptionForParagraph(const QTextBlock &block)
+{
+    const bool breaksAnywhere = block.length() > longestWord && hasEndlessWord(block.text());
     QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setWrapMode(breaksAnywhere ? QTextOption::WrapAnywhere
+                                      : QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
 }
 
@@ -220,7 +252,7 @@ void PLPageLayout::ensureLaidOutWithBlocksAbove(const QTextBlock &block) const
 double PLPageLayout::layOutLines(const QTextBlock &block) const
 {
     QTextLayout *layout = block.layout();
-    layout->setTextOption(pageTextOption());
+    layout->setTextOption(textOptionForParagraph(block));
     double height = 0;
     layout->beginLayout();
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {

@@ -52,6 +52,7 @@ void PLPageTextView::setPageText(const QString &text)
     m_characters = std::make_unique<PLPageCharacters>();
     QTextDocument *loaded = PLMakePageDocument(m_characters->encoded(text)).release();
     loaded->setParent(this);
+    loaded->setPageSize(document()->pageSize()); // else it is laid out for no width at all, then once more
     setDocument(loaded); // deletes the view's first document, but none that is a child of ours
     delete std::exchange(m_loadedDocument, loaded);
     setTextCursor(QTextCursor(document()));

@@ -18,18 +18,7 @@ QByteArray fingerprintOf(const QByteArray &bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
 }
 
-std::optional<QByteArray> bytesOf(const PLProjectItem &item, PLError *error = nullptr)
-{
-    return PLReadFile(item.path(), error);
-}
-
 } // namespace
-
-void PLPageOnDisk::remember(const PLProjectItem &item)
-{
-    const std::optional<QByteArray> bytes = bytesOf(item);
-    m_fingerprint = bytes ? fingerprintOf(*bytes) : QByteArray();
-}
 
 void PLPageOnDisk::remember(const QByteArray &bytes)
 {
@@ -41,7 +30,7 @@ std::optional<QByteArray> PLPageOnDisk::changedBytes(const PLProjectItem &item, 
     if (m_fingerprint.isEmpty())
         return std::nullopt;
     PLError failure;
-    std::optional<QByteArray> bytes = bytesOf(item, &failure);
+    std::optional<QByteArray> bytes = PLReadFile(item.path(), &failure);
     if (!bytes && PLSomethingExistsAt(item.path()))
         PLFail(error, failure);
     if (!bytes || fingerprintOf(*bytes) == m_fingerprint)

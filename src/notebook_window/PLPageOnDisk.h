@@ -14,9 +14,7 @@
 class PLPageOnDisk final
 {
 public:
-    /// Reads the file. To be done before the page is opened: what changes in between counts as changed.
-    void remember(const PLProjectItem &item);
-    /// What was just written.
+    /// What was just read or written.
     void remember(const QByteArray &bytes);
 
     /// The file's bytes if they are others than those remembered; none if they are the same, or if there is

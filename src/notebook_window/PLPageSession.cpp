@@ -4,6 +4,7 @@
 #include "notebook_window/PLPageSession.h"
 
 #include "editor/PLEditorView.h"
+#include "editor/PLPageDocument.h"
 #include "editor/PLPageTextView.h"
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QScrollBar>
 
+#include <cerrno>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
@@ -37,12 +39,17 @@ PLPageSession::~PLPageSession() = default;
 
 bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
 {
-    m_onDisk.remember(*item);
-    QString contents = item->readContents(error);
+    QByteArray bytes;
+    QString contents = item->readContents(error, &bytes);
+    if (PLIsTooLargeForPage(contents)) {
+        PLFail(error, PLFileError(EFBIG));
+        contents = QString();
+    }
     if (contents.isNull()) {
         closeItem();
         return false;
     }
+    m_onDisk.remember(bytes);
     m_leadingMark = contents.startsWith(byteOrderMark) ? QString(byteOrderMark) : QString();
     contents.remove(0, m_leadingMark.size());
     QString body;

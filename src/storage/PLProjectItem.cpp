@@ -98,14 +98,16 @@ QString PLProjectItem::stringFromTags(const QStringList &tags)
     return normalizedTags(tags).join(u", "_s);
 }
 
-QString PLProjectItem::readContents(PLError *error) const
+QString PLProjectItem::readContents(PLError *error, QByteArray *bytes) const
 {
-    const std::optional<QByteArray> bytes = PLReadFile(path(), error);
-    if (!bytes)
+    const std::optional<QByteArray> read = PLReadFile(path(), error);
+    if (!read)
         return QString();
-    const std::optional<QString> text = PLDecodedText(*bytes, error);
+    const std::optional<QString> text = PLDecodedText(*read, error);
     if (!text)
         return QString();
+    if (bytes)
+        *bytes = *read;
     return text->isNull() ? u""_s : *text; // an empty page is not a missing one
 }
 

@@ -51,7 +51,8 @@ public:
     QString title() const;
 
     /// The whole text of the file, null with the error if it cannot be read. Line ends are as in the file.
-    [[nodiscard]] QString readContents(PLError *error = nullptr) const;
+    /// `bytes` gets what the text was made of.
+    [[nodiscard]] QString readContents(PLError *error = nullptr, QByteArray *bytes = nullptr) const;
     /// Writes the text as UTF-8, whole or not at all (PLWriteFile).
     [[nodiscard]] bool writeContents(const QString &text, PLError *error = nullptr,
                                      PLWriteMode mode = PLWriteMode::Replace) const;

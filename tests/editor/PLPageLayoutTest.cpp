@@ -3,6 +3,8 @@
 
 #include "editor/PLPageLayout.h"
 
+#include "editor/PLPageDocument.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QImage>
 #include <QPainter>
@@ -72,6 +74,10 @@ private Q_SLOTS:
     void theSizeIsToldWhenItChanges();
     void whatIsDrawnIsTheTextAndTheCaret();
     void aSelectionHasNoStripes();
+    void aWordWithoutEndIsBrokenAnywhere_data();
+    void aWordWithoutEndIsBrokenAnywhere();
+    void aTextThatNoDocumentHoldsIsKnown_data();
+    void aTextThatNoDocumentHoldsIsKnown();
 };
 
 void PLPageLayoutTest::theColumnIsCentredWithALeastMargin_data()
@@ -277,6 +283,60 @@ void PLPageLayoutTest::aSelectionHasNoStripes()
         reds += image.pixelColor(x, y) == QColor(Qt::red);
     QCOMPARE(reds, int(page.layout->documentSize().height()) - 64);
     QCOMPARE(image.pixelColor(x, 30), QColor(Qt::white));
+}
+
+void PLPageLayoutTest::aWordWithoutEndIsBrokenAnywhere_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isBrokenAnywhere");
+    QTest::newRow("a word of 1,000 letters") << QString(1000, u'a') << false;
+    QTest::newRow("one of 1,001") << QString(1001, u'a') << true;
+    QTest::newRow("prose") << u"un mot "_s.repeated(1000) << false;
+    QTest::newRow("such a word in prose") << u"un mot "_s.repeated(10) + QString(1001, u'>') << true;
+    QTest::newRow("one in each of two paragraphs")
+        << QString(600, u'a') + u'\n' + QString(600, u'a') << false;
+    QTest::newRow("spaces that do not break") << u"un\u00a0mot\u202f"_s.repeated(200) << true;
+    QTest::newRow("Chinese") << u"紅樓夢"_s.repeated(1000) << false;
+    QTest::newRow("Japanese") << u"げんじものがたり"_s.repeated(1000) << false;
+    QTest::newRow("Korean") << u"춘향전"_s.repeated(1000) << false;
+}
+
+void PLPageLayoutTest::aWordWithoutEndIsBrokenAnywhere()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, isBrokenAnywhere);
+    Page page(text);
+    page.layOutAll();
+    const QTextLayout &layout = *page.document.begin().layout();
+    QCOMPARE(layout.textOption().wrapMode() == QTextOption::WrapAnywhere, isBrokenAnywhere);
+    QVERIFY(layout.lineCount() > 1);
+}
+
+void PLPageLayoutTest::aTextThatNoDocumentHoldsIsKnown_data()
+{
+    QTest::addColumn<int>("paragraph");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("isTooLarge");
+    constexpr int million = 1'000'000;
+    QTest::newRow("nothing") << 0 << 1 << false;
+    QTest::newRow("the longest paragraph") << 4 * million << 1 << false;
+    QTest::newRow("the longest paragraphs") << 4 * million << 10 << false;
+    QTest::newRow("a longer paragraph") << 4 * million + 1 << 1 << true;
+    QTest::newRow("longer ones") << 4 * million + 1 << 3 << true;
+    QTest::newRow("the most paragraphs") << 0 << 3 * million / 2 << false;
+    QTest::newRow("more paragraphs") << 0 << 3 * million / 2 + 1 << true;
+    QTest::newRow("the most characters") << 499 << 100'000 << false;
+    QTest::newRow("more characters") << 499 << 100'002 << true;
+}
+
+void PLPageLayoutTest::aTextThatNoDocumentHoldsIsKnown()
+{
+    QFETCH(int, paragraph);
+    QFETCH(int, count);
+    QFETCH(bool, isTooLarge);
+    QString text = (QString(paragraph, u'a') + u'\n').repeated(count);
+    text.chop(1);
+    QCOMPARE(PLIsTooLargeForPage(text), isTooLarge);
 }
 
 QTEST_MAIN(PLPageLayoutTest)

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void theSaveCommandWritesAnUnchangedPage();
     void withoutAPageNothingIsWritten();
     void anUnreadablePageIsNotOpened();
+    void aPageThatNoEditorHoldsIsNotOpened();
     void aFailedSaveKeepsTheTextAndIsTriedAgain();
     void aFailedSaveCanBeQuiet();
     void aSaveDuringTheAlertOfAFailedOneDoesNothing();
@@ -224,6 +225,22 @@ void PLPageSessionTest::anUnreadablePageIsNotOpened()
     QVERIFY(!m_session->openItem(missing, &error));
     QCOMPARE(m_session->currentItem(), nullptr);
     QCOMPARE(error.message, u"Le fichier ou le dossier n'existe pas ou plus."_s);
+}
+
+void PLPageSessionTest::aPageThatNoEditorHoldsIsNotOpened()
+{
+    const QString text(4'000'001, u'x');
+    m_notebook->write(u"Livre/A.md"_s, u"texte"_s);
+    m_notebook->write(u"Livre/B.md"_s, text);
+    QVERIFY(open(u"Livre/A.md"_s));
+    PLError error;
+    const auto item = PLProjectItem::itemWithURL(m_notebook->url(u"Livre/B.md"_s), PLSection::Book);
+
+    QVERIFY(!m_session->openItem(item, &error));
+    QCOMPARE(error.message, u"Le fichier est trop gros."_s);
+    QCOMPARE(m_session->currentItem(), nullptr);
+    QVERIFY(m_session->saveCurrentItem());
+    QVERIFY(m_notebook->read(u"Livre/B.md"_s) == text);
 }
 
 void PLPageSessionTest::aFailedSaveKeepsTheTextAndIsTriedAgain()

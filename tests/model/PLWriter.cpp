@@ -123,7 +123,6 @@ void PLWriter::goTo(PLWriterDesk &target, quint32 way)
     m_hasFocus = true;
 }
 
-/// Whichever way, the notebook that had the focus loses it.
 void PLWriter::open(const PLWriterDesk &target, quint32 way)
 {
     if (way % 4 == 0 && target.isOpen())

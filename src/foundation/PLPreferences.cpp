@@ -3,6 +3,8 @@
 
 #include "foundation/PLPreferences.h"
 
+#include "foundation/PLPreferencesFile.h"
+
 #include <QStandardPaths>
 
 #include <memory>
@@ -32,5 +34,6 @@ QSettings &PLPreferences::store()
 
 void PLPreferences::useFile(const QString &path)
 {
+    PLSetAsideDamagedPreferences(path);
     currentStore() = std::make_unique<QSettings>(path, QSettings::IniFormat);
 }

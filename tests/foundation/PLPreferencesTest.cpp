@@ -4,6 +4,7 @@
 #include "foundation/PLPreferences.h"
 
 #include "foundation/PLError.h"
+#include "support/PLTestFiles.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -17,6 +18,9 @@ class PLPreferencesTest final : public QObject
 private Q_SLOTS:
     void preferencesAreKeptInTheFile();
     void anotherFileHasOtherPreferences();
+    void aDamagedFileIsSetAside_data();
+    void aDamagedFileIsSetAside();
+    void oddValuesAreNoDamage();
     void failingFillsTheErrorIfThereIsOne();
 };
 
@@ -41,6 +45,59 @@ void PLPreferencesTest::anotherFileHasOtherPreferences()
     PLPreferences::store().setValue(u"Key"_s, 2);
     PLPreferences::useFile(folder.filePath(u"1.ini"_s));
     QCOMPARE(PLPreferences::store().value(u"Key"_s).toInt(), 1);
+}
+
+void PLPreferencesTest::aDamagedFileIsSetAside_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("a list of 2^31 values") << QByteArray("@Variant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("2^31 texts") << QByteArray("@Variant(\\0\\0\\0\\v\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("in a quoted list") << QByteArray("/a, \"@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)\"");
+    QTest::newRow("list in list, and so on")
+        << "@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(100000) + ')';
+    QTest::newRow("a text that is cut")
+        << QByteArray("@Variant(\\0\\0\\0\\x9\\0\\0\\0\\x1\\0\\0\\0\\n\\0\\0\\0\\x4\\0/)");
+}
+
+/// Qt would take all the memory or all the stack, and the program would never start again.
+void PLPreferencesTest::aDamagedFileIsSetAside()
+{
+    QFETCH(const QByteArray, value);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"preferences.ini"_s);
+    const QByteArray bytes = "[General]\nOther=1\nKey=" + value + '\n';
+    QVERIFY(PLMakeFile(path, bytes));
+    QVERIFY(PLMakeFile(path + u".damaged"_s, "of the last time"));
+    PLPreferences::useFile(path);
+    QVERIFY(PLPreferences::store().allKeys().isEmpty());
+    QCOMPARE(PLBytesOf(path + u".damaged"_s), bytes);
+    PLPreferences::store().setValue(u"Key"_s, 1);
+    PLPreferences::useFile(path);
+    QCOMPARE(PLPreferences::store().value(u"Key"_s).toInt(), 1);
+}
+
+void PLPreferencesTest::oddValuesAreNoDamage()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"preferences.ini"_s);
+    const QVariantMap map{{u"a, b"_s, u"é\n\\x"_s}, {u"c"_s, true}, {u"d"_s, QVariantList{1, 2.5}}};
+    const QHash<QString, QVariant> values{
+        {u"one"_s, QVariantList{u"/a/é \"b\""_s}},
+        {u"nothing"_s, QVariantList{QVariant()}},
+        {u"numbers"_s, QVariantList{QVariantList{7U, -7LL, 7ULL}, u"x"_s}},
+        {u"map"_s, map},
+        {u"texts"_s, QVariantList{QStringList{u"a"_s, u"b"_s}, QByteArray("\0@Variant(", 10)}},
+        {u"text"_s, u"@Variant(x)"_s},
+        {u"bytes"_s, QByteArray("\x01\xd9\xd0\xcb\0", 5)},
+    };
+    PLPreferences::useFile(path);
+    for (auto value = values.begin(); value != values.end(); ++value)
+        PLPreferences::store().setValue(value.key(), value.value());
+    PLPreferences::useFile(folder.filePath(u"other.ini"_s));
+    QVERIFY(QFile::rename(path, path + u'2')); // or Qt would not read it again
+    PLPreferences::useFile(path + u'2');
+    for (auto value = values.begin(); value != values.end(); ++value)
+        QCOMPARE(PLPreferences::store().value(value.key()), value.value());
 }
 
 void PLPreferencesTest::failingFillsTheErrorIfThereIsOne()

@@ -1,0 +1,175 @@
+// SPDX-FileCopyrightText: 2026 the Aquilane authors
+// SPDX-License-Identifier: MIT
+
+#include "foundation/PLPreferencesFile.h"
+
+#include <QFile>
+#include <QtEndian>
+
+namespace {
+
+constexpr QByteArrayView opening = "@Variant(";
+constexpr int deepestNesting = 16;
+
+/// Walks through the bytes of a value as QDataStream reads them, without believing a length.
+class Walk final
+{
+public:
+    explicit Walk(QByteArrayView bytes) : m_rest(bytes) {}
+
+    bool isValue() { return passValue(0) && m_rest.startsWith(')'); }
+
+private:
+    // The numbers that Qt 4.0's streams have for the types of values.
+    enum Type : quint32 {
+        Invalid,
+        Bool,
+        Int,
+        UInt,
+        LongLong,
+        ULongLong,
+        Double,
+        Map = 8,
+        List,
+        Text,
+        Texts,
+        Bytes
+    };
+
+    bool pass(quint32 count)
+    {
+        if (qsizetype(count) > m_rest.size())
+            return false;
+        m_rest = m_rest.sliced(count);
+        return true;
+    }
+
+    /// Nothing reads as zero; whoever comes next then fails.
+    quint32 number()
+    {
+        const QByteArrayView bytes = m_rest.first(qMin<qsizetype>(4, m_rest.size()));
+        m_rest = m_rest.sliced(bytes.size());
+        return bytes.size() == 4 ? qFromBigEndian<quint32>(bytes.data()) : 0;
+    }
+
+    bool passText()
+    {
+        const quint32 length = number();
+        return length == 0xFFFFFFFF || pass(length);
+    }
+
+    template <typename Element>
+    bool passEach(Element passElement)
+    {
+        const quint32 count = number();
+        if (qsizetype(count) > m_rest.size()) // each has a byte at least
+            return false;
+        for (quint32 index = 0; index < count; ++index) {
+            if (!passElement())
+                return false;
+        }
+        return true;
+    }
+
+    bool passValue(int depth)
+    {
+        if (depth > deepestNesting || m_rest.isEmpty())
+            return false;
+        switch (number()) {
+        case Bool:
+            return pass(1);
+        case Int:
+        case UInt:
+            return pass(4);
+        case LongLong:
+        case ULongLong:
+        case Double:
+            return pass(8);
+        case Map:
+            return passEach([&] { return passText() && passValue(depth + 1); });
+        case List:
+            return passEach([&] { return passValue(depth + 1); });
+        case Texts:
+            return passEach([&] { return passText(); });
+        case Invalid:
+        case Text:
+        case Bytes:
+            return passText();
+        default:
+            return false; // the program has no use for others
+        }
+    }
+
+    QByteArrayView m_rest;
+};
+
+/// The digits in this base from the start of the text on, which become one character.
+QString takeNumber(QStringView &text, int base)
+{
+    uint value = 0;
+    for (bool isDigit = true; !text.isEmpty();) {
+        const uint digit = text.first(1).toUInt(&isDigit, base);
+        if (!isDigit)
+            break;
+        value = value * uint(base) + digit;
+        text = text.sliced(1);
+    }
+    return QString(QChar(char16_t(value)));
+}
+
+/// The text with its escapes, as an ini file has them, resolved and its quotation marks gone.
+QString unescaped(QStringView text)
+{
+    constexpr QStringView names = u"abfnrtv";
+    constexpr QStringView meanings = u"\a\b\f\n\r\t\v";
+    QString result;
+    while (!text.isEmpty()) {
+        const QChar character = text.front();
+        text = text.sliced(1);
+        if (character != u'\\') {
+            if (character != u'"')
+                result += character;
+            continue;
+        }
+        const QChar name = text.isEmpty() ? QChar() : text.front();
+        if (name >= u'0' && name <= u'7') {
+            result += takeNumber(text, 8);
+            continue;
+        }
+        text = text.sliced(qMin<qsizetype>(1, text.size()));
+        if (name == u'x')
+            result += takeNumber(text, 16);
+        else if (const qsizetype index = names.indexOf(name); index >= 0)
+            result += meanings[index];
+        else
+            result += name;
+    }
+    return result;
+}
+
+bool isDamaged(const QByteArray &file)
+{
+    if (!file.contains(opening))
+        return false;
+    const QByteArray bytes = unescaped(QString::fromUtf8(file)).toLatin1();
+    for (qsizetype found = bytes.indexOf(opening); found >= 0; found = bytes.indexOf(opening, found + 1)) {
+        const QByteArrayView before = QByteArrayView(bytes).first(found).trimmed();
+        const bool isValue = before.endsWith('=') || before.endsWith(',');
+        if (isValue && !Walk(QByteArrayView(bytes).sliced(found + opening.size())).isValue())
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void PLSetAsideDamagedPreferences(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !isDamaged(file.readAll()))
+        return;
+    file.close();
+    const QString otherPath = path + QStringLiteral(".damaged");
+    QFile::remove(otherPath);
+    QFile::rename(path, otherPath);
+}

@@ -109,7 +109,7 @@ void PLPlainTagField::insertTags(const QStringList &tags)
 {
     edit(Kind::Other, [&] {
         eraseSelection();
-        makeTags(typedStart(), typedEnd());
+        commit();
         const QStringList clean = cleaned(tags);
         insertElements(clean.isEmpty() ? clean : cleaned(m_filter(clean)), true);
         dropSecondTags();
@@ -139,7 +139,7 @@ void PLPlainTagField::completeText(const QString &tag)
 
 void PLPlainTagField::commitText()
 {
-    edit(Kind::Other, [&] { makeTags(typedStart(), typedEnd()); });
+    edit(Kind::Other, [&] { commit(); });
 }
 
 void PLPlainTagField::editToken(int token)
@@ -148,7 +148,7 @@ void PLPlainTagField::editToken(int token)
         return;
     edit(Kind::Other, [&] {
         const QString key = tokens()[token].toLower();
-        makeTags(typedStart(), typedEnd());
+        commit();
         const auto place = std::find_if(m_now.row.begin(), m_now.row.end(),
                                         [&](const Element &tag) { return tag.text.toLower() == key; });
         const QString text = place->text;
@@ -188,7 +188,7 @@ void PLPlainTagField::moveSelection(int position)
         }
         erase(first, last);
         setCaret(position > last ? position - (last - first) : position);
-        makeTags(typedStart(), typedEnd());
+        commit();
         const int index = m_now.caret;
         insertElements(cleaned(moved), true);
         dropSecondTags();
@@ -282,21 +282,27 @@ void PLPlainTagField::insert(const QString &text, bool isPasted)
     if (separator == m_now.row.rend() - start)
         return;
     if (isPasted)
-        return makeTags(start, typedEnd());
+        return makeTags(start, typedEnd(), m_now.caret);
     const int end = int(m_now.row.rend() - separator);
     const int typed = m_now.caret - end;
     m_now.caret = end;
-    makeTags(start, end);
+    makeTags(start, end, end);
     setCaret(m_now.caret + typed);
 }
 
-/// Makes tags of these units of the typed text; a caret at them comes after the tags.
-void PLPlainTagField::makeTags(int start, int end)
+void PLPlainTagField::commit()
+{
+    makeTags(typedStart(), typedEnd(), typedStart());
+}
+
+/// Makes tags of these units of the typed text, cut at the separators before `cutEnd`; a caret at them comes
+/// after the tags.
+void PLPlainTagField::makeTags(int start, int end, int cutEnd)
 {
     QStringList pieces{QString()};
     for (int index = start; index < end; ++index) {
         const QString &unit = m_now.row[size_t(index)].text;
-        if (isSeparator(unit))
+        if (index < cutEnd && isSeparator(unit))
             pieces.append(QString());
         else
             pieces.last() += unit;
@@ -332,5 +338,5 @@ void PLPlainTagField::dropSecondTags()
 void PLPlainTagField::openText()
 {
     if (!isCaretInText())
-        makeTags(typedStart(), typedEnd());
+        commit();
 }

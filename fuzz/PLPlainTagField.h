@@ -70,7 +70,8 @@ private:
     void eraseSelection();
     void insertElements(const QStringList &texts, bool areTags);
     void insert(const QString &text, bool isPasted);
-    void makeTags(int start, int end);
+    void commit();
+    void makeTags(int start, int end, int cutEnd);
     void dropSecondTags();
     void openText();
 

@@ -157,7 +157,8 @@ void PLTagFieldModel::edit(Kind kind, const std::function<void()> &change)
 {
     const State before = m_state;
     change();
-    if (before.tokens == m_state.tokens && before.text == m_state.text)
+    const bool isTextInPlace = before.textIndex == m_state.textIndex || m_state.text.isEmpty();
+    if (before.tokens == m_state.tokens && before.text == m_state.text && isTextInPlace)
         return;
     const bool joins = kind != Kind::Other && kind == m_lastKind && canUndo();
     if (!joins)

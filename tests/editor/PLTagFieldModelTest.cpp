@@ -124,6 +124,7 @@ private Q_SLOTS:
     void movingIntoTheSelectionChangesNothing();
     void typingIsOneStepToUndo();
     void movingTheCaretEndsTheStep();
+    void aTextThatOnlyMovesIsAStepToUndo();
     void redoSurvivesACaretMovementButNotAnEdit();
     void settingTagsLeavesNothingToUndo();
     void aCaretNeverStandsInsideAPair();
@@ -468,6 +469,18 @@ void PLTagFieldModelTest::movingTheCaretEndsTheStep()
     model.undo();
     QCOMPARE(model.text(), u"ac"_s);
     QCOMPARE(model.caret(), 1);
+}
+
+void PLTagFieldModelTest::aTextThatOnlyMovesIsAStepToUndo()
+{
+    PLTagFieldModel model = modelWithTags({u"a"_s, u"b"_s});
+    model.insertText(u"b"_s);
+    QCOMPARE(model.textIndex(), 2);
+    model.setSelection(0, 1);
+    model.insertText(u"a,b"_s); // the tokens and the text are the same again, in other places
+    QCOMPARE(model.textIndex(), 1);
+    model.undo();
+    QCOMPARE(model.textIndex(), 2);
 }
 
 void PLTagFieldModelTest::redoSurvivesACaretMovementButNotAnEdit()

@@ -9,6 +9,7 @@
 #include "i18n/PLLocalization.h"
 #include "storage/PLRecentProjects.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -36,6 +37,17 @@ void makeFile(const QString &path, const QByteArray &bytes)
     close(file);
 }
 
+/// The bytes of a file that is not there any more then; null if there is none.
+QByteArray takenFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QByteArray();
+    const QByteArray bytes = file.readAll();
+    file.remove();
+    return bytes;
+}
+
 using Values = QHash<QString, QVariant>;
 
 /// All but those that the test itself changes.
@@ -50,6 +62,12 @@ Values otherValues()
     for (const QString &key : {u"PLRecentProjects"_s, u"PLInterfaceLanguage"_s, u"AppleLanguages"_s})
         values.remove(key);
     return values;
+}
+
+/// A list of texts is sometimes read as one of values.
+bool isSame(const QVariant &left, const QVariant &right)
+{
+    return left == right || (!left.toList().isEmpty() && left.toStringList() == right.toStringList());
 }
 
 /// What the program reads when it starts.
@@ -89,8 +107,9 @@ void checkWriting(const QString &path)
     PLRequire(PLRecentProjects::paths() == paths, "the list is read as it was written");
     PLRequire(PLLocalization::preferredLanguage() == u"fr", "the language is read as it was written");
     const Values kept = otherValues();
-    const bool isKept = std::all_of(values.keyBegin(), values.keyEnd(),
-                                    [&](const QString &key) { return kept.value(key) == values.value(key); });
+    const bool isKept = std::all_of(values.keyBegin(), values.keyEnd(), [&](const QString &key) {
+        return isSame(kept.value(key), values.value(key));
+    });
     PLRequire(isKept, "what could be read is still there after something was written");
     unlink(copy.toUtf8().constData());
 }
@@ -101,8 +120,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     PLFuzzInput input(data, size);
     const QString path = nextPath();
-    makeFile(path, input.rest());
+    const QByteArray bytes = input.rest();
+    makeFile(path, bytes);
     PLPreferences::useFile(path);
+    if (const QByteArray kept = takenFile(path + u".damaged"_s); !kept.isNull())
+        PLRequire(kept == bytes, "a damaged file is kept as it was");
     checkStart();
     if (input.isOneIn(64)) // which takes long
         checkWriting(path);

@@ -4,22 +4,17 @@
 // Pages of any bytes: what they decode to beside another library's decoders, what a document holds of them,
 // and the tags that are read from their first bytes beside those of the whole.
 
-#include "PLFuzzInput.h"
+#include "PLFuzzFiles.h"
 #include "editor/PLPageCharacters.h"
 #include "storage/PLFiles.h"
 #include "storage/PLFrontMatter.h"
 #include "storage/PLProjectItem.h"
-
-#include <QTemporaryDir>
 
 #include <unicode/ucnv.h>
 
 #include <algorithm>
 #include <memory>
 #include <optional>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -95,17 +90,8 @@ void checkCharacters(const QString &text)
 
 QString pagePath()
 {
-    static const QTemporaryDir folder(u"/dev/shm/aquilane-decode-XXXXXX"_s);
+    static const QTemporaryDir folder(PLFuzzFolderPattern(u"decode"_s));
     return folder.filePath(u"page.md"_s);
-}
-
-void makePage(const QByteArray &bytes)
-{
-    static const QByteArray path = pagePath().toUtf8();
-    const int file = open(path.constData(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0600);
-    PLRequire(file >= 0 && write(file, bytes.constData(), size_t(bytes.size())) == bytes.size(),
-              "a page is made");
-    close(file);
 }
 
 QStringList tagsOf(const QString &text)
@@ -119,7 +105,8 @@ void checkReading(const QByteArray &bytes, const std::optional<QString> &text)
 {
     static const PLProjectItemPointer item =
         PLProjectItem::itemWithURL(QUrl::fromLocalFile(pagePath()), PLSection::Notes);
-    makePage(bytes);
+    static const QByteArray path = pagePath().toUtf8();
+    PLWriteFuzzFile(path, bytes);
     const QString read = item->readContents();
     PLRequire(text ? read == *text && !read.isNull() : read.isNull(), "a page is read as it decodes");
     const QStringList tags = item->readTags();

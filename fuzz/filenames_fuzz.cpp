@@ -3,21 +3,16 @@
 
 // File names for any title and number, in a folder that already holds the names before.
 
-#include "PLFuzzInput.h"
+#include "PLFuzzFiles.h"
 #include "foundation/PLText.h"
 #include "storage/PLFileNames.h"
 #include "storage/PLFiles.h"
 #include "storage/PLProjectItem.h"
 #include "storage/PLRecovery.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +22,7 @@ constexpr qsizetype longestName = 255; // bytes
 
 QString folderPath()
 {
-    static const QTemporaryDir folder(u"/dev/shm/aquilane-filenames-XXXXXX"_s);
+    static const QTemporaryDir folder(PLFuzzFolderPattern(u"filenames"_s));
     return folder.path();
 }
 
@@ -140,9 +135,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         if (count == taken)
             break;
         made.append(path.toUtf8());
-        const int file = open(made.last().constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
-        PLRequire(file >= 0, "a page can be made under a free name");
-        close(file);
+        PLWriteFuzzFile(made.last(), {});
         if (count == 0)
             checkOwnName(wish, path);
     }

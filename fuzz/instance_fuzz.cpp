@@ -3,14 +3,13 @@
 
 // What callers of the first start may send through its socket, in pieces of any size, and what becomes of it.
 
-#include "PLFuzzInput.h"
+#include "PLFuzzFiles.h"
 #include "platform/PLSingleInstance.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <cstring>
 #include <optional>
@@ -58,7 +57,7 @@ FirstStart &firstStart()
     static char name[] = "instance_fuzz";
     static char *arguments[] = {name, nullptr};
     static const QCoreApplication application(count, arguments);
-    static const QTemporaryDir folder(u"/dev/shm/aquilane-instance-XXXXXX"_s);
+    static const QTemporaryDir folder(PLFuzzFolderPattern(u"instance"_s));
     static FirstStart first(folder.path());
     return first;
 }

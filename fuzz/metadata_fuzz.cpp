@@ -4,16 +4,14 @@
 // Notebooks whose `projet.md` holds any bytes: what is read of it, and what is left of it when it is saved
 // with another title.
 
-#include "PLFuzzInput.h"
+#include "PLFuzzFiles.h"
 #include "foundation/PLText.h"
 #include "storage/PLFiles.h"
 #include "storage/PLFrontMatter.h"
 #include "storage/PLProject.h"
 
-#include <QTemporaryDir>
-
-#include <fcntl.h>
-#include <unistd.h>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +19,7 @@ namespace {
 
 const QUrl &folder()
 {
-    static const QTemporaryDir parent(u"/dev/shm/aquilane-metadata-XXXXXX"_s);
+    static const QTemporaryDir parent(PLFuzzFolderPattern(u"metadata"_s));
     static const QUrl url = QUrl::fromLocalFile(parent.filePath(u"Carnet"_s));
     return url;
 }
@@ -30,15 +28,6 @@ QString metadataPath()
 {
     static const QString path = PLStandardizedPath(PLProject::metadataURLForFolder(folder()));
     return path;
-}
-
-void makeMetadata(const QByteArray &bytes)
-{
-    static const QByteArray path = metadataPath().toUtf8();
-    const int file = open(path.constData(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0600);
-    PLRequire(file >= 0 && write(file, bytes.constData(), size_t(bytes.size())) == bytes.size(),
-              "a file is made");
-    close(file);
 }
 
 /// A value as it comes back: in one line, without the spaces at its ends.
@@ -113,7 +102,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     PLFuzzInput input(data, size);
     const QString title = QString::fromUtf8(input.piece());
     const QByteArray bytes = input.rest();
-    makeMetadata(bytes);
+    static const QByteArray path = metadataPath().toUtf8();
+    PLWriteFuzzFile(path, bytes);
     const std::optional<Metadata> plain = plainMetadata(bytes);
     checkQuestions(plain);
     if (!input.isOneIn(32)) // opening and saving take long

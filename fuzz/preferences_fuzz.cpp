@@ -4,18 +4,14 @@
 // The file of preferences with any bytes in it: the program starts with a default for what it cannot read,
 // and what it then writes keeps what it could.
 
-#include "PLFuzzInput.h"
+#include "PLFuzzFiles.h"
 #include "foundation/PLPreferences.h"
 #include "i18n/PLLocalization.h"
 #include "storage/PLRecentProjects.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,17 +20,9 @@ namespace {
 /// Each time another path: the settings keep what they have read of one as long as size and time agree.
 QString nextPath()
 {
-    static const QTemporaryDir folder(u"/dev/shm/aquilane-preferences-XXXXXX"_s);
+    static const QTemporaryDir folder(PLFuzzFolderPattern(u"preferences"_s));
     static int count = 0;
     return folder.filePath(QString::number(++count));
-}
-
-void makeFile(const QString &path, const QByteArray &bytes)
-{
-    const int file = open(path.toUtf8().constData(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0600);
-    PLRequire(file >= 0 && write(file, bytes.constData(), size_t(bytes.size())) == bytes.size(),
-              "a file is made");
-    close(file);
 }
 
 /// The bytes of a file that is not there any more then; null if there is none.
@@ -121,7 +109,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     PLFuzzInput input(data, size);
     const QString path = nextPath();
     const QByteArray bytes = input.rest();
-    makeFile(path, bytes);
+    PLWriteFuzzFile(path.toUtf8(), bytes);
     PLPreferences::useFile(path);
     if (const QByteArray kept = takenFile(path + u".damaged"_s); !kept.isNull())
         PLRequire(kept == bytes, "a damaged file is kept as it was");

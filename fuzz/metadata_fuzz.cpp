@@ -5,6 +5,7 @@
 // with another title.
 
 #include "PLFuzzFiles.h"
+
 #include "foundation/PLText.h"
 #include "storage/PLFiles.h"
 #include "storage/PLFrontMatter.h"

@@ -5,6 +5,7 @@
 // and what it then writes keeps what it could.
 
 #include "PLFuzzFiles.h"
+
 #include "foundation/PLPreferences.h"
 #include "i18n/PLLocalization.h"
 #include "storage/PLRecentProjects.h"

@@ -5,7 +5,6 @@
 // and the tags that are read from their first bytes beside those of the whole.
 
 #include "PLFuzzFiles.h"
-
 #include "editor/PLPageCharacters.h"
 #include "storage/PLFiles.h"
 #include "storage/PLFrontMatter.h"

@@ -4,7 +4,6 @@
 // File names for any title and number, in a folder that already holds the names before.
 
 #include "PLFuzzFiles.h"
-
 #include "foundation/PLText.h"
 #include "storage/PLFileNames.h"
 #include "storage/PLFiles.h"

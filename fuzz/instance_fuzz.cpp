@@ -4,7 +4,6 @@
 // What callers of the first start may send through its socket, in pieces of any size, and what becomes of it.
 
 #include "PLFuzzFiles.h"
-
 #include "platform/PLSingleInstance.h"
 
 #include <QCoreApplication>

@@ -5,7 +5,6 @@
 // with another title.
 
 #include "PLFuzzFiles.h"
-
 #include "foundation/PLText.h"
 #include "storage/PLFiles.h"
 #include "storage/PLFrontMatter.h"

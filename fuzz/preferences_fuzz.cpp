@@ -44,7 +44,8 @@ Values otherValues()
     Values values;
     const QStringList keys = PLPreferences::store().allKeys();
     for (const QString &key : keys) {
-        if (PLPreferences::store().contains(key)) // a key such as "/a" is listed, and never found
+        const bool isFound = !(u'/' + key + u'/').contains(u"//"_s); // others are listed all the same
+        if (isFound)
             values.insert(key, PLPreferences::store().value(key));
     }
     for (const QString &key : {u"PLRecentProjects"_s, u"PLInterfaceLanguage"_s, u"AppleLanguages"_s})

@@ -6,6 +6,9 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 constexpr QByteArrayView opening = "@Variant(";
@@ -17,7 +20,7 @@ class Walk final
 public:
     explicit Walk(QByteArrayView bytes) : m_rest(bytes) {}
 
-    bool isValue() { return passValue(0) && m_rest.startsWith(')'); }
+    bool isValue() { return passValue(0) && m_rest.isEmpty(); }
 
 private:
     // The numbers that Qt 4.0's streams have for the types of values.
@@ -117,48 +120,56 @@ QString takeNumber(QStringView &text, int base)
     return QString(QChar(char16_t(value)));
 }
 
-/// The text with its escapes, as an ini file has them, resolved and its quotation marks gone.
-QString unescaped(QStringView text)
+/// What the characters after a backslash stand for in an ini file.
+QString takeEscaped(QStringView &text)
 {
     constexpr QStringView names = u"abfnrtv";
     constexpr QStringView meanings = u"\a\b\f\n\r\t\v";
-    QString result;
+    const QChar name = text.isEmpty() ? QChar() : text.front();
+    if (name >= u'0' && name <= u'7')
+        return takeNumber(text, 8);
+    text = text.sliced(qMin<qsizetype>(1, text.size()));
+    if (name == u'x')
+        return takeNumber(text, 16);
+    const qsizetype index = names.indexOf(name);
+    return index < 0 ? QString(name) : QString(meanings[index]);
+}
+
+/// What stands between the equals signs, commas, comments and line ends that are not within quotation marks.
+QList<QByteArray> valuesOf(QStringView text)
+{
+    QList<QByteArray> values;
+    QString value;
+    bool isQuoted = false;
     while (!text.isEmpty()) {
         const QChar character = text.front();
         text = text.sliced(1);
-        if (character != u'\\') {
-            if (character != u'"')
-                result += character;
-            continue;
-        }
-        const QChar name = text.isEmpty() ? QChar() : text.front();
-        if (name >= u'0' && name <= u'7') {
-            result += takeNumber(text, 8);
-            continue;
-        }
-        text = text.sliced(qMin<qsizetype>(1, text.size()));
-        if (name == u'x')
-            result += takeNumber(text, 16);
-        else if (const qsizetype index = names.indexOf(name); index >= 0)
-            result += meanings[index];
+        if (character == u'\\')
+            value += takeEscaped(text);
+        else if (character == u'"')
+            isQuoted = !isQuoted;
+        else if (isQuoted || !QStringView(u"=,;\n").contains(character))
+            value += character;
         else
-            result += name;
+            values.append(std::exchange(value, QString()).trimmed().toLatin1());
     }
-    return result;
+    values.append(value.trimmed().toLatin1());
+    return values;
 }
 
-bool isDamaged(const QByteArray &file)
+bool isDamaged(QByteArrayView value)
+{
+    if (!value.startsWith(opening) || !value.endsWith(')'))
+        return false;
+    return !Walk(value.sliced(opening.size()).chopped(1)).isValue();
+}
+
+bool holdsDamage(const QByteArray &file)
 {
     if (!file.contains(opening))
         return false;
-    const QByteArray bytes = unescaped(QString::fromUtf8(file)).toLatin1();
-    for (qsizetype found = bytes.indexOf(opening); found >= 0; found = bytes.indexOf(opening, found + 1)) {
-        const QByteArrayView before = QByteArrayView(bytes).first(found).trimmed();
-        const bool isValue = before.endsWith('=') || before.endsWith(',');
-        if (isValue && !Walk(QByteArrayView(bytes).sliced(found + opening.size())).isValue())
-            return true;
-    }
-    return false;
+    const QList<QByteArray> values = valuesOf(QString::fromUtf8(file));
+    return std::any_of(values.begin(), values.end(), isDamaged);
 }
 
 } // namespace
@@ -166,7 +177,7 @@ bool isDamaged(const QByteArray &file)
 void PLSetAsideDamagedPreferences(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || !isDamaged(file.readAll()))
+    if (!file.open(QIODevice::ReadOnly) || !holdsDamage(file.readAll()))
         return;
     file.close();
     const QString otherPath = path + QStringLiteral(".damaged");

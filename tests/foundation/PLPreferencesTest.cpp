@@ -88,6 +88,7 @@ void PLPreferencesTest::oddValuesAreNoDamage()
         {u"map"_s, map},
         {u"texts"_s, QVariantList{QStringList{u"a"_s, u"b"_s}, QByteArray("\0@Variant(", 10)}},
         {u"text"_s, u"@Variant(x)"_s},
+        {u"list"_s, QStringList{u"/a, @Variant(x)"_s, u"b=@Variant(y)"_s}},
         {u"bytes"_s, QByteArray("\x01\xd9\xd0\xcb\0", 5)},
     };
     PLPreferences::useFile(path);

@@ -148,7 +148,7 @@ void PLSingleInstanceTest::aSecondStartHandsItsPathsOver_data()
     QTest::newRow("several, in order") << QStringList{u"/b"_s, u"/a"_s, u"/b"_s};
     QTest::newRow("accents and an emoji") << QStringList{u"/été/Œuvre — \U0001F58B\u0301"_s};
     QTest::newRow("newlines and quotes") << QStringList{u"/a\nb\r\n\"c\"\\'d'\t$(e)`f`"_s};
-    QTest::newRow("spaces alone") << QStringList{u" "_s, u"  "_s};
+    QTest::newRow("spaces alone") << QStringList{u"/ "_s, u"/  "_s};
     QTest::newRow("10,000 characters") << QStringList{u'/' + QString(9999, u'é')};
     QTest::newRow("1,000 paths") << QStringList(1000, u"/home/anne/Documents/Roman"_s);
 }

@@ -41,23 +41,29 @@ bool isOwnFolder(const QString &folder, mode_t others)
            information.st_uid == getuid() && (information.st_mode & others) == 0;
 }
 
-/// Where the lock and the socket may be, the best first: the session's own folder; one made for this user
-/// under the temporary folder; the one of his settings.
-QStringList privateFolders()
+/// The session's own folder; empty if it will not do.
+QString sessionFolder()
 {
-    QStringList folders;
-    const QString runtime = QFileInfo(qEnvironmentVariable("XDG_RUNTIME_DIR")).canonicalFilePath();
-    const bool isAbsolute = qEnvironmentVariable("XDG_RUNTIME_DIR").startsWith(u'/');
-    if (isAbsolute && isOwnFolder(runtime, S_IWGRP | S_IWOTH) &&
-        PLLineServer::canListenAt(runtime + socketName))
-        folders.append(runtime);
-    const QString temporary = QDir::tempPath() + u"/aquilane-%1"_s.arg(getuid());
-    mkdir(QFile::encodeName(temporary).constData(), S_IRWXU);
-    if (isOwnFolder(temporary, S_IRWXG | S_IRWXO))
-        folders.append(temporary);
-    const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    QDir().mkpath(settings);
-    return folders << settings;
+    const QString given = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const QString folder = given.startsWith(u'/') ? QFileInfo(given).canonicalFilePath() : QString();
+    const bool isFit =
+        isOwnFolder(folder, S_IWGRP | S_IWOTH) && PLLineServer::canListenAt(folder + socketName);
+    return isFit ? folder : QString();
+}
+
+/// One made for this user under the temporary folder; empty if it will not do.
+QString temporaryFolder()
+{
+    const QString folder = QDir::tempPath() + u"/aquilane-%1"_s.arg(getuid());
+    mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
+    return isOwnFolder(folder, S_IRWXG | S_IRWXO) ? folder : QString();
+}
+
+QString settingsFolder()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    QDir().mkpath(folder);
+    return folder;
 }
 
 /// Negative if there is no place for a lock, as on a disk that cannot be written to, or if something else has
@@ -89,10 +95,9 @@ bool isAbsolutePath(const QString &path)
 PLSingleInstance::PLSingleInstance(QObject *parent) : QObject(parent), m_folder(QDir::tempPath())
 {
 #ifdef Q_OS_UNIX
-    const QStringList folders = privateFolders();
-    for (const QString &folder : folders) {
-        m_folder = folder;
-        m_lockDescriptor = openLock(folder);
+    for (const auto candidate : {sessionFolder, temporaryFolder, settingsFolder}) {
+        m_folder = candidate();
+        m_lockDescriptor = m_folder.isEmpty() ? -1 : openLock(m_folder);
         if (m_lockDescriptor >= 0)
             return;
     }

@@ -3,11 +3,13 @@
 
 #pragma once
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
 #include <QProcessEnvironment>
 
+#include <algorithm>
 #include <csignal>
 
 /// One start of the program, in a process of its own. Killed when it goes out of scope.
@@ -39,6 +41,15 @@ public:
 
     void send(const QByteArray &bytes) { m_process.write(bytes); }
     void signal(int number) { ::kill(pid_t(m_process.processId()), number); }
+    /// Whether it has begun to call, or to listen to, another one.
+    bool hasSocket() const
+    {
+        const QDir files(QStringLiteral("/proc/%1/fd").arg(m_process.processId()));
+        const QFileInfoList entries = files.entryInfoList(QDir::Files | QDir::System);
+        return std::any_of(entries.begin(), entries.end(), [](const QFileInfo &file) {
+            return file.symLinkTarget().contains(QStringLiteral("socket:"));
+        });
+    }
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     void kill()
     {

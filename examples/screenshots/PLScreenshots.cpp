@@ -107,7 +107,7 @@ bool PLScreenshots::drawNotebook(const QString &folder)
     const auto characters = [&sidebar] { return sidebar.tree().section(PLSection::Characters); };
     if (characters()->childCount() == 0)
         return false;
-    sidebar.selectSidebarObject(characters()->children().front().get());
+    sidebar.selectSidebarObject(characters()->children().front());
     if (!draw(*controller.window(), u"notebook-character"_s))
         return false;
     sidebar.selectSidebarObject(characters());

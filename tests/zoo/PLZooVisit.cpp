@@ -201,7 +201,7 @@ QStringList PLZooVisit::listedPages() const
     QStringList paths;
     for (const PLSection section : PLAllSections) {
         for (const auto &row : m_controller->sidebar().tree().section(section)->children())
-            paths.append(static_cast<const PLSidebarPage *>(row.get())->item->path());
+            paths.append(static_cast<const PLSidebarPage *>(row)->item->path());
     }
     return paths;
 }

@@ -19,6 +19,7 @@ struct PLZooNotebook
     std::optional<int> opened = {}; ///< how many of them can be read; all, if nothing is said
     std::optional<bool> cover = {}; ///< whether the library shows its picture
     bool needsOrdinaryUser = false; ///< its permissions mean nothing to the superuser
+    bool needsDevices = false;      ///< which only the superuser can make
     double longestStep = 2;         ///< seconds that the windows may have to wait
 };
 

@@ -90,12 +90,17 @@ void PLZooCage::socket(const QByteArray &name) const
     demand(::mknod(path.constData(), S_IFSOCK | 0666, 0) == 0, "make", path);
 }
 
-void PLZooCage::endlessDevice(const QByteArray &name) const
+dev_t PLZooCage::endlessDeviceNumber()
 {
     constexpr unsigned memoryDevices = 1;
     constexpr unsigned zeros = 5;
+    return makedev(memoryDevices, zeros);
+}
+
+void PLZooCage::endlessDevice(const QByteArray &name) const
+{
     const QByteArray path = pathOf(name);
-    if (::mknod(path.constData(), S_IFCHR | 0666, makedev(memoryDevices, zeros)) != 0)
+    if (::mknod(path.constData(), S_IFCHR | 0666, endlessDeviceNumber()) != 0)
         std::fprintf(stderr, "No device in the zoo (%s): that takes the superuser.\n", std::strerror(errno));
 }
 

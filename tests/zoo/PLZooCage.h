@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+#include <sys/types.h>
+
 /// Where one notebook of the zoo is made, by bare system calls: names are bytes, and what no toolkit would
 /// make can be made. Every name is relative to the notebook's folder; the folders above it are made too.
 class PLZooCage final
@@ -30,6 +32,7 @@ public:
     /// The device that never ends, as a node of the zoo's own. Without the right to make one there is none,
     /// which is said.
     void endlessDevice(const QByteArray &name) const;
+    static dev_t endlessDeviceNumber();
     /// A link to a path that is taken as it is.
     void link(const QByteArray &name, const QByteArray &target) const;
     void permissions(const QByteArray &name, unsigned mode) const;

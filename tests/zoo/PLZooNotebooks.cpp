@@ -44,6 +44,12 @@ PLZooNotebook section(const char *name, bool opens, std::optional<int> pages,
     return {name, makeAll, opens, pages};
 }
 
+PLZooNotebook withDevices(PLZooNotebook notebook)
+{
+    notebook.needsDevices = true;
+    return notebook;
+}
+
 void makeManyPages(const PLZooCage &cage)
 {
     PLMakeTameNotebook(cage);
@@ -105,7 +111,8 @@ std::vector<PLZooNotebook> PLZooMetadata()
         metadata("absent", false, [](const PLZooCage &) {}),
         metadata("FIFO", false, [](const PLZooCage &cage) { cage.fifo("projet.md"); }),
         metadata("socket", false, [](const PLZooCage &cage) { cage.socket("projet.md"); }),
-        metadata("device", false, [](const PLZooCage &cage) { cage.endlessDevice("projet.md"); }),
+        withDevices(
+            metadata("device", false, [](const PLZooCage &cage) { cage.endlessDevice("projet.md"); })),
         metadata("loop", false, [](const PLZooCage &cage) { cage.link("projet.md", "projet.md"); }),
         metadata("dangling", false, [](const PLZooCage &cage) { cage.link("projet.md", "absent"); }),
         metadata("link outside", true,
@@ -128,7 +135,8 @@ std::vector<PLZooNotebook> PLZooSections()
     return {
         section("file", false, {}, [](const PLZooCage &cage) { cage.file("Fiches", "x"); }),
         section("FIFO", false, {}, [](const PLZooCage &cage) { cage.fifo("Fiches"); }),
-        section("device", false, {}, [](const PLZooCage &cage) { cage.endlessDevice("Fiches"); }),
+        withDevices(
+            section("device", false, {}, [](const PLZooCage &cage) { cage.endlessDevice("Fiches"); })),
         section("missing", true, tame, [](const PLZooCage &) {}),
         section("loop", false, {}, [](const PLZooCage &cage) { cage.link("Fiches", "Fiches"); }),
         section("dangling", false, {},

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int tame = 2;
-constexpr int megabyte = 1'000'000;
+constexpr int kilobyte = 1'000;
 
 QByteArray allBytes()
 {
@@ -62,12 +62,12 @@ void makeBroken(const PLZooCage &cage)
     cage.file("Livre/demi-paire be.md", QByteArray("\xFE\xFF\xDC\x00\x00\x0A", 6));
 }
 
-/// A notebook with one page of this pattern, as large as said in millions of bytes.
+/// A notebook with one page of this pattern, as large as said in thousands of bytes.
 PLZooNotebook huge(const char *name, const QByteArray &pattern, int usual, int full)
 {
     const auto make = [pattern, usual, full](const PLZooCage &cage) {
         PLMakeTameNotebook(cage);
-        cage.filled("Livre/02 - Énorme.md", pattern, qint64(megabyte) * cage.number(usual, full));
+        cage.filled("Livre/02 - Énorme.md", pattern, qint64(kilobyte) * cage.number(usual, full));
     };
     return {name, make, true, tame + 1};
 }
@@ -83,7 +83,7 @@ PLZooNotebook tooHuge(const char *name, const QByteArray &pattern, int usual, in
 void makeBeyondAll(const PLZooCage &cage)
 {
     PLMakeTameNotebook(cage);
-    cage.hollow("Livre/02 - Trop.md", 300LL * megabyte);
+    cage.hollow("Livre/02 - Trop.md", 300'000LL * kilobyte);
 }
 
 void makeNoFiles(const PLZooCage &cage)
@@ -137,6 +137,18 @@ void makeUnreadable(const PLZooCage &cage)
     cage.permissions("Livre/03 - écriture seule.md", 0222);
 }
 
+void makeUnreadableMetadata(const PLZooCage &cage)
+{
+    PLMakeTameNotebook(cage);
+    cage.permissions("projet.md", 0);
+}
+
+void makeUnreadableSection(const PLZooCage &cage)
+{
+    PLMakeTameNotebook(cage);
+    cage.permissions("Notes", 0);
+}
+
 void makeReadOnly(const PLZooCage &cage)
 {
     PLMakeTameNotebook(cage);
@@ -158,19 +170,19 @@ std::vector<PLZooNotebook> PLZooPageContents()
 std::vector<PLZooNotebook> PLZooHugePages()
 {
     const QByteArray prose = "Il était une fois, dans un « pays » lointain, une *aventure* sans fin.\n";
-    PLZooNotebook noGlyphs = huge("nothing but NUL", QByteArray(1, '\0'), 1, 3);
+    PLZooNotebook noGlyphs = huge("nothing but NUL", QByteArray(1, '\0'), 200, 3'000);
     noGlyphs.longestStep = 4; // the toolkit asks every font for each character that none has
     return {
-        huge("prose", prose, 5, 50),
-        huge("one line of words", "mot sans fin, ", 1, 3),
-        huge("one word", "a", 1, 3),
+        huge("prose", prose, 2'000, 50'000),
+        huge("one line of words", "mot sans fin, ", 400, 3'000),
+        huge("one word", "a", 400, 3'000),
         noGlyphs,
-        huge("binary", allBytes(), 1, 50),
-        huge("line feeds", "\n", 1, 1),
-        tooHuge("too much prose", prose, 55, 100),
-        tooHuge("too long a line", "mot sans fin, ", 10, 100),
-        tooHuge("too much NUL", QByteArray(1, '\0'), 5, 100),
-        tooHuge("too many line feeds", "\n", 2, 100),
+        huge("binary", allBytes(), 400, 40'000),
+        huge("line feeds", "\n", 200, 1'000),
+        tooHuge("too much prose", prose, 55'000, 100'000),
+        tooHuge("too long a line", "mot sans fin, ", 10'000, 100'000),
+        tooHuge("too much NUL", QByteArray(1, '\0'), 5'000, 100'000),
+        tooHuge("too many line feeds", "\n", 2'000, 100'000),
         {"beyond all", makeBeyondAll, true, tame + 1, tame},
     };
 }
@@ -179,7 +191,7 @@ std::vector<PLZooNotebook> PLZooPagesThatAreNoFiles()
 {
     return {
         {"no files", makeNoFiles, true, tame + 10, tame},
-        {"devices", makeDevices, true, {}, tame},
+        {"devices", makeDevices, true, tame + 2, tame, {}, false, true},
         {"links", makeLinks, true, tame + 5},
     };
 }
@@ -188,6 +200,8 @@ std::vector<PLZooNotebook> PLZooPermissions()
 {
     return {
         {"unreadable", makeUnreadable, true, tame + 2, tame, {}, true},
+        {"unreadable metadata", makeUnreadableMetadata, false, {}, {}, {}, true},
+        {"unreadable section", makeUnreadableSection, true, tame - 1, {}, {}, true},
         {"read-only", makeReadOnly, true, tame, tame, {}, true},
     };
 }

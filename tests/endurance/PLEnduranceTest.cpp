@@ -5,6 +5,7 @@
 #include "endurance/PLProcessUse.h"
 #include "endurance/PLTypist.h"
 #include "notebook_window/PLNotebookWindowFixture.h"
+#include "platform/PLSpellChecker.h"
 
 #include <QElapsedTimer>
 
@@ -18,6 +19,7 @@ namespace {
 constexpr int tenths = 10;
 constexpr int boutsOfTenth = 10; ///< of writing, each in another page
 constexpr auto longestAutosave = 10s;
+constexpr int charactersInSight = 5000; ///< at the end of a page, where the typist writes
 
 /// A tenth of the whole, unless AQUILANE_ENDURANCE=full asks for 10,000 switches and 100,000 keys. What is
 /// read or remembered once for each page is so in the first tenth of either: every page is opened there.
@@ -50,6 +52,7 @@ private Q_SLOTS:
 
 private:
     void writeForATenth();
+    /// The spelling remembers the words that it has seen, up to a limit: it sees them now.
     void openEveryPage();
     void openRandomPage();
     void waitForAutosave();
@@ -70,6 +73,7 @@ void PLEnduranceTest::openEveryPage()
     for (const QString &path : m_pages.paths()) {
         m_window.select(path);
         QCoreApplication::processEvents();
+        PLSpellChecker::shared()->misspellings(m_window.editor()->text().right(charactersInSight));
     }
 }
 

@@ -53,9 +53,11 @@ Values otherValues()
     return values;
 }
 
-/// A list of texts is sometimes read as one of values.
+/// A list of texts is sometimes read as one of values, and an empty one as nothing.
 bool isSame(const QVariant &left, const QVariant &right)
 {
+    if (left.typeId() == QMetaType::QStringList && left.toStringList().isEmpty())
+        return right.toList().isEmpty();
     return left == right || (!left.toList().isEmpty() && left.toStringList() == right.toStringList());
 }
 

@@ -53,9 +53,11 @@ Values otherValues()
     return values;
 }
 
-/// A list of texts is sometimes read as one of values.
+/// A list of texts is sometimes read as one of values, and an empty one as nothing.
 bool isSame(const QVariant &left, const QVariant &right)
 {
+    if (left.typeId() == QMetaType::QStringList && left.toStringList().isEmpty())
+        return right.toList().isEmpty();
     return left == right || (!left.toList().isEmpty() && left.toStringList() == right.toStringList());
 }
 
@@ -97,7 +99,7 @@ void checkWriting(const QString &path)
     PLRequire(PLLocalization::preferredLanguage() == u"fr", "the language is read as it was written");
     const Values kept = otherValues();
     const bool isKept = std::all_of(values.keyBegin(), values.keyEnd(), [&](const QString &key) {
-        return isSame(kept.value(key), values.value(key));
+        return isSame(values.value(key), kept.value(key));
     });
     PLRequire(isKept, "what could be read is still there after something was written");
     unlink(copy.toUtf8().constData());

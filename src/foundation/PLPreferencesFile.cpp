@@ -135,23 +135,37 @@ QString takeEscaped(QStringView &text)
     return index < 0 ? QString(name) : QString(meanings[index]);
 }
 
-/// What stands between the equals signs, commas, comments and line ends that are not within quotation marks.
+void skipComment(QStringView &text)
+{
+    while (!text.isEmpty() && text.front() != u'\n' && text.front() != u'\r')
+        text = text.sliced(1);
+}
+
+/// What stands after the first equals sign of each line, cut at the commas that are not within quotation
+/// marks. The keys are among them too, and never look like a value.
 QList<QByteArray> valuesOf(QStringView text)
 {
     QList<QByteArray> values;
     QString value;
     bool isQuoted = false;
+    bool isKey = true;
     while (!text.isEmpty()) {
         const QChar character = text.front();
         text = text.sliced(1);
+        const bool endsLine = !isQuoted && QStringView(u";\r\n").contains(character);
+        const bool endsValue = !isQuoted && character == (isKey ? u'=' : u',');
         if (character == u'\\')
             value += takeEscaped(text);
         else if (character == u'"')
             isQuoted = !isQuoted;
-        else if (isQuoted || !QStringView(u"=,;\n").contains(character))
-            value += character;
-        else
+        else if (endsLine || endsValue)
             values.append(std::exchange(value, QString()).trimmed().toLatin1());
+        else
+            value += character;
+        if (endsLine || endsValue)
+            isKey = endsLine;
+        if (endsLine && character == u';')
+            skipComment(text);
     }
     values.append(value.trimmed().toLatin1());
     return values;

@@ -52,6 +52,10 @@ void PLPreferencesTest::aDamagedFileIsSetAside_data()
     QTest::addColumn<QByteArray>("value");
     QTest::newRow("a list of 2^31 values") << QByteArray("@Variant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
     QTest::newRow("2^31 texts") << QByteArray("@Variant(\\0\\0\\0\\v\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("with an equals sign in it") << QByteArray("@Variant(\\0\\0\\0\\x9s=@V)");
+    QTest::newRow("after a comment with a quotation mark")
+        << QByteArray("1\n; 5\" x 8\"\"\nLast=@Variant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("of a key with a comma") << QByteArray("1\na,b=@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)");
     QTest::newRow("in a quoted list") << QByteArray("/a, \"@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)\"");
     QTest::newRow("list in list, and so on")
         << "@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(100000) + ')';

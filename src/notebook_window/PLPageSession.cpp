@@ -173,7 +173,9 @@ QString PLPageSession::composedFileContents()
         m_currentKeys.append(u"tags"_s);
     m_currentFields.insert(u"tags"_s, PLProjectItem::stringFromTags(tags));
     const QString body = m_editor.text();
-    if (m_currentKeys.isEmpty())
+    // A text between two scene breaks at the top of a page would be taken for a header, and go. An empty one
+    // before it keeps it text.
+    if (m_currentKeys.isEmpty() && !PLFrontMatter::losesLinesOfString(body))
         return m_leadingMark + body;
     return m_leadingMark + PLFrontMatter::stringWithKeys(m_currentKeys, m_currentFields, body);
 }

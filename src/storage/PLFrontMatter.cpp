@@ -5,6 +5,8 @@
 
 #include "foundation/PLText.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr QStringView openingFence = u"---\n";
@@ -42,6 +44,13 @@ public:
 
     /// Where the closing fence ends.
     qsizetype end() const { return m_fence + closingFence.size(); }
+
+    qsizetype lineCount() const
+    {
+        const QList<QStringView> lines = m_lines.split(u'\n');
+        return std::count_if(lines.begin(), lines.end(),
+                             [](QStringView line) { return !PLTrimmedSpaces(line).isEmpty(); });
+    }
 
     /// Calls `receive` with the key as it is written, and the value, of each field.
     template <typename Receive>
@@ -112,6 +121,14 @@ QString PLFrontMatter::fieldInString(const QString &text, QStringView key)
             found = value.toString();
     });
     return found;
+}
+
+bool PLFrontMatter::losesLinesOfString(const QString &text)
+{
+    QStringList keys;
+    fieldsFromString(text, nullptr, &keys);
+    const QString normalized = withLineFeeds(text);
+    return keys.size() < Header(normalized).lineCount();
 }
 
 QString PLFrontMatter::stringWithKeys(const QStringList &keys, const Fields &values, const QString &body)

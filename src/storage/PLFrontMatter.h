@@ -25,6 +25,10 @@ public:
     /// and lower case.
     static QString fieldInString(const QString &text, QStringView key);
 
+    /// True if a text, read as a page, would lose a line that is not blank: one between two lines of "---"
+    /// that is no field, or a field that is there twice.
+    static bool losesLinesOfString(const QString &text);
+
     /// The file text: one line for each of `keys` (line ends in a value become spaces), a blank line, the
     /// body.
     static QString stringWithKeys(const QStringList &keys, const Fields &values, const QString &body);

@@ -45,6 +45,20 @@ void addLine(PLModelPage &page, const QString &line)
         page.header[index].second = value;
 }
 
+/// Words between two scene breaks at the top of a page are kept words by an empty header before them.
+bool losesLines(const QString &text)
+{
+    PLModelPage page;
+    qsizetype count = 0;
+    const qsizetype end = endOfHeader(text);
+    const QStringList lines = end < 0 ? QStringList() : text.mid(4, end - 4).split(u'\n');
+    for (const QString &line : lines) {
+        addLine(page, line);
+        count += line.trimmed().isEmpty() ? 0 : 1;
+    }
+    return page.header.size() < count;
+}
+
 } // namespace
 
 PLModelPage PLModelPage::fromBytes(const QByteArray &bytes)
@@ -80,7 +94,7 @@ QByteArray PLModelPage::bytes() const
     if (!tags.isEmpty() && indexOfKey(*this, tagsKey) < 0)
         copy.header.append({tagsKey, QString()});
     QString result = mark;
-    if (!copy.header.isEmpty()) {
+    if (!copy.header.isEmpty() || losesLines(text)) {
         result += u"---\n"_s;
         for (const auto &[key, value] : copy.header) {
             const QString shown = key == tagsKey ? tags.join(u", "_s) : value;

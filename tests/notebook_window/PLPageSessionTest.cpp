@@ -35,6 +35,7 @@ private Q_SLOTS:
     void withoutAPageNothingIsWritten();
     void anUnreadablePageIsNotOpened();
     void aPageThatNoEditorHoldsIsNotOpened();
+    void proseBetweenSceneBreaksStaysProse();
     void aFailedSaveKeepsTheTextAndIsTriedAgain();
     void aFailedSaveCanBeQuiet();
     void aSaveDuringTheAlertOfAFailedOneDoesNothing();
@@ -241,6 +242,23 @@ void PLPageSessionTest::aPageThatNoEditorHoldsIsNotOpened()
     QCOMPARE(m_session->currentItem(), nullptr);
     QVERIFY(m_session->saveCurrentItem());
     QVERIFY(m_notebook->read(u"Livre/B.md"_s) == text);
+}
+
+void PLPageSessionTest::proseBetweenSceneBreaksStaysProse()
+{
+    const QString text = u"---\nIl pleut.\n---\nFin."_s;
+    m_notebook->write(u"Livre/A.md"_s, u""_s);
+    QVERIFY(open(u"Livre/A.md"_s));
+    m_editor->textView()->insertPlainText(text);
+    QVERIFY(m_session->saveCurrentItem());
+    m_session->closeItem();
+
+    QVERIFY(open(u"Livre/A.md"_s));
+
+    QCOMPARE(m_editor->text(), text);
+    QCOMPARE(m_notebook->read(u"Livre/A.md"_s), u"---\n---\n\n"_s + text);
+    m_session->saveDocument();
+    QCOMPARE(m_notebook->read(u"Livre/A.md"_s), u"---\n---\n\n"_s + text);
 }
 
 void PLPageSessionTest::aFailedSaveKeepsTheTextAndIsTriedAgain()

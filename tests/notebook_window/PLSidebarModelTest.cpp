@@ -57,7 +57,7 @@ void PLSidebarModelTest::theModelKeepsTheRulesOfModels()
     notebook.write(u"Livre/2 - B.md"_s, u""_s);
     model.readProject(*notebook.open());
     QCOMPARE(model.rowCount(model.index(0, 0)), 2);
-    QVERIFY(QDir(notebook.path()).removeRecursively());
+    QVERIFY(QDir(notebook.path(u"Livre"_s)).removeRecursively());
     model.readProject(*notebook.open());
     QCOMPARE(model.rowCount(), 6);
     QCOMPARE(model.rowCount(model.index(0, 0)), 0);

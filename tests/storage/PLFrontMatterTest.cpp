@@ -15,6 +15,8 @@ private Q_SLOTS:
     void readingSplitsHeaderAndBody_data();
     void readingSplitsHeaderAndBody();
     void outArgumentsMayBeLeftOut();
+    void linesThatWouldBeLostAreKnown_data();
+    void linesThatWouldBeLostAreKnown();
     void writingBuildsTheHeader_data();
     void writingBuildsTheHeader();
     void whatIsWrittenReadsBack();
@@ -98,6 +100,33 @@ void PLFrontMatterTest::readingSplitsHeaderAndBody()
         QCOMPARE(PLFrontMatter::fieldInString(text, key), fields.value(key));
     QCOMPARE(PLFrontMatter::fieldInString(text, u"nowhere"), QString());
     QCOMPARE(readBody, body);
+}
+
+void PLFrontMatterTest::linesThatWouldBeLostAreKnown_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("isLost");
+
+    QTest::newRow("no header") << u"Texte\n---\nTexte\n---\n"_s << false;
+    QTest::newRow("a scene break that comes first") << u"---\nTexte."_s << false;
+    QTest::newRow("prose between scene breaks") << u"---\nIl pleut.\n---\nFin."_s << true;
+    QTest::newRow("prose between scene breaks, CRLF") << u"---\r\nIl pleut.\r\n---\r\nFin."_s << true;
+    QTest::newRow("prose after a field") << u"---\ntags: a\nIl pleut.\n---\n"_s << true;
+    QTest::newRow("a speech") << u"---\nIl dit : viens.\nIl dit : va.\n---\n"_s << true;
+    QTest::newRow("no key") << u"---\n: a\n---\n"_s << true;
+    QTest::newRow("fields") << u"---\ntags: a\n\n \ntype: b\n---\nFin."_s << false;
+    QTest::newRow("an empty header") << u"---\n---\n\n---\nIl pleut.\n---\n"_s << false;
+}
+
+void PLFrontMatterTest::linesThatWouldBeLostAreKnown()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, isLost);
+    QCOMPARE(PLFrontMatter::losesLinesOfString(text), isLost);
+    const QString kept = PLFrontMatter::stringWithKeys({}, {}, text);
+    QString body;
+    QVERIFY(PLFrontMatter::fieldsFromString(kept, &body).isEmpty());
+    QCOMPARE(body, QString(text).replace(u"\r\n"_s, u"\n"_s));
 }
 
 void PLFrontMatterTest::outArgumentsMayBeLeftOut()

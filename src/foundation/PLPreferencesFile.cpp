@@ -14,13 +14,14 @@ namespace {
 constexpr QByteArrayView opening = "@Variant(";
 constexpr int deepestNesting = 16;
 
-/// Walks through the bytes of a value as QDataStream reads them, without believing a length.
+/// Walks through the bytes of a value as QDataStream reads them, without believing a length. The toolkit reads
+/// on into the bracket that closes the value, so that belongs to the bytes.
 class Walk final
 {
 public:
     explicit Walk(QByteArrayView bytes) : m_rest(bytes) {}
 
-    bool isValue() { return passValue(0) && m_rest.isEmpty(); }
+    bool isValue() { return passValue(0) && m_rest == ")"; }
 
 private:
     // The numbers that Qt 4.0's streams have for the types of values.
@@ -175,7 +176,7 @@ bool isDamaged(QByteArrayView value)
 {
     if (!value.startsWith(opening) || !value.endsWith(')'))
         return false;
-    return !Walk(value.sliced(opening.size()).chopped(1)).isValue();
+    return !Walk(value.sliced(opening.size())).isValue();
 }
 
 bool holdsDamage(const QByteArray &file)

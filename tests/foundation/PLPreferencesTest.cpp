@@ -59,6 +59,7 @@ void PLPreferencesTest::aDamagedFileIsSetAside_data()
     QTest::newRow("in a quoted list") << QByteArray("/a, \"@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)\"");
     QTest::newRow("list in list, and so on")
         << "@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(100000) + ')';
+    QTest::newRow("a length that the bracket ends") << QByteArray("@Variant(\\0\\0\\0\\x9xff)");
     QTest::newRow("a text that is cut")
         << QByteArray("@Variant(\\0\\0\\0\\x9\\0\\0\\0\\x1\\0\\0\\0\\n\\0\\0\\0\\x4\\0/)");
 }

@@ -14,8 +14,8 @@ namespace {
 constexpr QByteArrayView opening = "@Variant(";
 constexpr int deepestNesting = 16;
 
-/// Walks through the bytes of a value as QDataStream reads them, without believing a length. The toolkit reads
-/// on into the bracket that closes the value, so that belongs to the bytes.
+/// Walks through the bytes of a value as QDataStream reads them, without believing a length. The toolkit
+/// reads on into the bracket that closes the value, so that belongs to the bytes.
 class Walk final
 {
 public:

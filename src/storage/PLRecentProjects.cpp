@@ -21,8 +21,11 @@ bool isText(const QVariant &entry)
 QVariantList storedEntries()
 {
     const QVariant value = PLPreferences::store().value(u"PLRecentProjects"_s);
-    // The ini file gives a list of one text back as that text.
-    return isText(value) ? QVariantList{value} : value.toList();
+    if (!value.isValid())
+        return {};
+    // The ini file gives a list of one entry back as that entry. Bytes would become a list of characters.
+    const bool isList = value.typeId() == QMetaType::QVariantList || value.typeId() == QMetaType::QStringList;
+    return isList ? value.toList() : QVariantList{value};
 }
 
 void store(const QVariantList &entries)

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void removingWhatIsNotThereChangesNothing();
     void urlsAreThoseOfFolders();
     void entriesOfAnotherKindAreKeptButSkipped();
+    void bytesByHandAreOneEntry();
     void theListSurvivesTheProgram_data();
     void theListSurvivesTheProgram();
     void aListMadeLongerByHandIsCutAtTheNextAdding();
@@ -155,6 +156,15 @@ void PLRecentProjectsTest::entriesOfAnotherKindAreKeptButSkipped()
     QCOMPARE(PLPreferences::store().value(key).toList()[2].toMap(), other);
     PLRecentProjects::removeURL(folder(u"/a/Un"_s));
     QCOMPARE(PLPreferences::store().value(key).toList()[1].toMap(), other);
+}
+
+void PLRecentProjectsTest::bytesByHandAreOneEntry()
+{
+    PLPreferences::store().setValue(key, "abc"_ba);
+    PLRecentProjects::addURL(QUrl::fromLocalFile(u"/a/Un"_s));
+    QCOMPARE(PLPreferences::store().value(key).toList(), (QVariantList{u"/a/Un"_s, "abc"_ba}));
+    startAgain();
+    QCOMPARE(PLRecentProjects::paths(), QStringList{u"/a/Un"_s});
 }
 
 void PLRecentProjectsTest::theListSurvivesTheProgram_data()

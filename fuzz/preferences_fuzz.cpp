@@ -56,7 +56,8 @@ Values otherValues()
 /// A list of texts is sometimes read as one of values, and an empty one as nothing.
 bool isSame(const QVariant &left, const QVariant &right)
 {
-    if (left.typeId() == QMetaType::QStringList && left.toStringList().isEmpty())
+    const bool isList = left.typeId() == QMetaType::QStringList || left.typeId() == QMetaType::QVariantList;
+    if (isList && left.toList().isEmpty())
         return right.toList().isEmpty();
     return left == right || (!left.toList().isEmpty() && left.toStringList() == right.toStringList());
 }

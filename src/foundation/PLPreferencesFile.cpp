@@ -107,33 +107,38 @@ private:
     QByteArrayView m_rest;
 };
 
-/// The digits in this base from the start of the text on, which become one character.
+/// The digits in this base from the start of the text on become one character; none become nothing.
 QString takeNumber(QStringView &text, int base)
 {
     uint value = 0;
-    for (bool isDigit = true; !text.isEmpty();) {
+    bool isThere = false;
+    for (bool isDigit = true; !text.isEmpty(); isThere = true) {
         const uint digit = text.first(1).toUInt(&isDigit, base);
         if (!isDigit)
             break;
         value = value * uint(base) + digit;
         text = text.sliced(1);
     }
-    return QString(QChar(char16_t(value)));
+    return isThere ? QString(QChar(char16_t(value))) : QString();
 }
 
-/// What the characters after a backslash stand for in an ini file.
+/// What the characters after a backslash stand for in the toolkit's ini files: an end of the line, and a
+/// letter that it does not know, for nothing.
 QString takeEscaped(QStringView &text)
 {
-    constexpr QStringView names = u"abfnrtv";
-    constexpr QStringView meanings = u"\a\b\f\n\r\t\v";
+    constexpr QStringView names = u"abfnrtv\"?'\\";
+    constexpr QStringView meanings = u"\a\b\f\n\r\t\v\"?'\\";
     const QChar name = text.isEmpty() ? QChar() : text.front();
     if (name >= u'0' && name <= u'7')
         return takeNumber(text, 8);
     text = text.sliced(qMin<qsizetype>(1, text.size()));
     if (name == u'x')
         return takeNumber(text, 16);
+    const bool endsLine = name == u'\n' || name == u'\r';
+    if (endsLine && !text.isEmpty() && text.front() == (name == u'\n' ? u'\r' : u'\n'))
+        text = text.sliced(1);
     const qsizetype index = names.indexOf(name);
-    return index < 0 ? QString(name) : QString(meanings[index]);
+    return index < 0 ? QString() : QString(meanings[index]);
 }
 
 void skipComment(QStringView &text)
@@ -181,8 +186,6 @@ bool isDamaged(QByteArrayView value)
 
 bool holdsDamage(const QByteArray &file)
 {
-    if (!file.contains(opening))
-        return false;
     const QList<QByteArray> values = valuesOf(QString::fromUtf8(file));
     return std::any_of(values.begin(), values.end(), isDamaged);
 }

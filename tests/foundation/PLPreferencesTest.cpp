@@ -60,6 +60,10 @@ void PLPreferencesTest::aDamagedFileIsSetAside_data()
     QTest::newRow("list in list, and so on")
         << "@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(100000) + ')';
     QTest::newRow("a length that the bracket ends") << QByteArray("@Variant(\\0\\0\\0\\x9xff)");
+    QTest::newRow("cut by the end of a line")
+        << QByteArray("@Variant\\\n(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("with escapes that mean nothing")
+        << QByteArray("@Var\\q\\x69\\x\\\r\nant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
     QTest::newRow("a text that is cut")
         << QByteArray("@Variant(\\0\\0\\0\\x9\\0\\0\\0\\x1\\0\\0\\0\\n\\0\\0\\0\\x4\\0/)");
 }

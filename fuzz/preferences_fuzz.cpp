@@ -38,6 +38,13 @@ QByteArray takenFile(const QString &path)
 
 using Values = QHash<QString, QVariant>;
 
+/// A key such as a program has; the toolkit takes others for the same now and then.
+bool isOrdinary(const QString &key)
+{
+    return std::all_of(key.begin(), key.end(),
+                       [](QChar character) { return character >= u' ' && character <= u'~'; });
+}
+
 /// All but those that the test itself changes.
 Values otherValues()
 {
@@ -45,7 +52,7 @@ Values otherValues()
     const QStringList keys = PLPreferences::store().allKeys();
     for (const QString &key : keys) {
         const bool isFound = !(u'/' + key + u'/').contains(u"//"_s); // others are listed all the same
-        if (isFound)
+        if (isFound && isOrdinary(key))
             values.insert(key, PLPreferences::store().value(key));
     }
     for (const QString &key : {u"PLRecentProjects"_s, u"PLInterfaceLanguage"_s, u"AppleLanguages"_s})

@@ -167,6 +167,7 @@ void PLShelfView::dragLeaveEvent(QDragLeaveEvent *)
 
 void PLShelfView::dropEvent(QDropEvent *event)
 {
+    updateDrag(*event); // the data may have had no answer in the last move, when the button was just released
     const int index = m_dropIndex;
     const QUrl image = imageURLFromDrag(*event->mimeData());
     setDropIndex(-1);

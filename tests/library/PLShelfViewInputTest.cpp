@@ -111,6 +111,7 @@ private Q_SLOTS:
     void otherFilesOfferNothing();
     void aDragThatCannotBeCopiedOffersNothing();
     void aDroppedPictureIsHandedOver();
+    void aDropCountsThoughTheLastMoveHadNoAnswer();
     void aDropBesideTheBooksIsRefused();
 
 private:
@@ -431,6 +432,21 @@ void PLShelfViewInputTest::aDroppedPictureIsHandedOver()
     QCOMPARE(stage.delegate.dropped, QStringList{u"a.png on Carnet 2"_s});
     QCOMPARE(stage.shelf->dropIndex(), -1);
     QCOMPARE(stage.shelf->selectedIndex(), 0);
+}
+
+// Under X11 the data is asked of the other program each time; one whose button was just released no longer answers
+// for the move before.
+void PLShelfViewInputTest::aDropCountsThoughTheLastMoveHadNoAnswer()
+{
+    const PLShelfStage stage(3);
+    Drag drag(*stage.shelf, {u"/i/a.png"_s});
+    drag.enter(stage.centerOf(2));
+    drag.mime.clear();
+    drag.move(stage.centerOf(2));
+    QCOMPARE(stage.shelf->dropIndex(), -1);
+    drag.mime.setUrls({QUrl::fromLocalFile(u"/i/a.png"_s)});
+    QVERIFY(drag.drop(stage.centerOf(2)));
+    QCOMPARE(stage.delegate.dropped, QStringList{u"a.png on Carnet 2"_s});
 }
 
 void PLShelfViewInputTest::aDropBesideTheBooksIsRefused()

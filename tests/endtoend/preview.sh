@@ -7,15 +7,17 @@ source "$(dirname "$0")/lib.sh"
 
 page="Livre/01 - Le départ.md"
 
-# There is ink on the right of the divider, below the bars. The picture is taken of the whole screen: taking one of a
-# window holds up every other client until that window is drawn again.
+# A line divides the window below the text, and there is ink on the right of it, below the bars. The picture is taken of
+# the whole screen: taking one of a window holds up every other client until that window is drawn again.
 shows_preview() {
     local X Y WIDTH='' HEIGHT SCREEN WINDOW
     eval "$(xdotool getwindowgeometry --shell "$(active_window)")"
     [[ $WIDTH ]] || return 1 # no window is active at this moment
-    timeout 5 import -window root -crop $((WIDTH * 35 / 100))x200+$((X + WIDTH * 63 / 100))+$((Y + 100)) \
-        -colorspace Gray -format '%[fx:minima<0.5]' "info:$work/ink" && [[ $(<"$work/ink") == 1 ]]
+    timeout 5 import -window root -crop "${WIDTH}x${HEIGHT}+$X+$Y" +repage -colorspace Gray "$work/window.png"
+    holds $((WIDTH * 30 / 100))x1+$((WIDTH * 45 / 100))+$((HEIGHT - 100)) 'maxima-minima>0.05' &&
+        holds $((WIDTH * 35 / 100))x200+$((WIDTH * 63 / 100))+100 'minima<0.5'
 }
+holds() { [[ $(convert "$work/window.png" -crop "$1" -format "%[fx:$2]" info:) == 1 ]]; }
 
 # expect_text TEXT: the page on the disk ends in this.
 expect_text() {

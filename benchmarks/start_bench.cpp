@@ -55,7 +55,6 @@ void makeHome(const fs::path &folder)
     setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
     setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
-    unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
 /// A novel of 30 chapters of about 12,000 characters.

@@ -38,7 +38,8 @@ struct Freed
     Answer *answer;
 };
 
-pid_t run(const std::vector<std::string> &command)
+/// Starts the command; what it writes to its standard error goes into the file, if one is given.
+pid_t run(const std::vector<std::string> &command, const char *errors = nullptr)
 {
     std::vector<char *> arguments;
     for (const std::string &argument : command)
@@ -47,9 +48,38 @@ pid_t run(const std::vector<std::string> &command)
     const pid_t process = fork();
     if (process != 0)
         return process;
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // however the benchmark ends
+    if (errors)
+        dup2(open(errors, O_WRONLY), STDERR_FILENO);
     execvp(arguments[0], arguments.data());
     _exit(127);
+}
+
+/// A program that serves others, and the line it has told when it was ready.
+struct Served
+{
+    pid_t process = -1;
+    std::string told;
+};
+
+/// Starts the program with one more option, whose value is the descriptor of a pipe to tell its line into.
+Served serve(std::vector<std::string> command, const std::string &descriptorOption)
+{
+    int ends[2];
+    if (pipe(ends) != 0)
+        throw std::runtime_error("there is no pipe to be had");
+    command.push_back(descriptorOption);
+    command.push_back(std::to_string(ends[1]));
+    Served served;
+    served.process = run(command, "/dev/null");
+    close(ends[1]);
+    char line[256] = {};
+    pollfd ready = {ends[0], POLLIN, 0};
+    if (poll(&ready, 1, 20000) != 1 || read(ends[0], line, sizeof line - 1) <= 0)
+        throw std::runtime_error(command[0] + " does not start; script/setup --bench installs it");
+    close(ends[0]);
+    served.told.assign(line, strcspn(line, "\n"));
+    return served;
 }
 
 /// Processor time of a process so far, in clock ticks.
@@ -101,6 +131,7 @@ double memoryOf(pid_t process)
 StartWatch::StartWatch()
 {
     startServer();
+    startBus();
     m_connection = xcb_connect(nullptr, nullptr);
     if (xcb_connection_has_error(m_connection))
         throw std::runtime_error("the X server does not answer");
@@ -113,33 +144,27 @@ StartWatch::StartWatch()
 StartWatch::~StartWatch()
 {
     xcb_disconnect(m_connection);
-    kill(m_server, SIGTERM);
-    waitpid(m_server, nullptr, 0);
+    for (const pid_t process : {m_bus, m_server}) {
+        kill(process, SIGTERM);
+        waitpid(process, nullptr, 0);
+    }
 }
 
-/// The server finds a free display number and writes it into a pipe when it is ready.
+/// The server finds a free display number and tells it when it is ready.
 void StartWatch::startServer()
 {
-    int ends[2];
-    if (pipe(ends) != 0)
-        throw std::runtime_error("there is no pipe to be had");
-    m_server = fork();
-    if (m_server == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGTERM); // however the benchmark ends
-        dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
-        const std::string descriptor = std::to_string(ends[1]);
-        execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1400x900x24", "-noreset",
-               "-nolisten", "tcp", nullptr);
-        _exit(127);
-    }
-    close(ends[1]);
-    char number[16] = {};
-    pollfd ready = {ends[0], POLLIN, 0};
-    if (poll(&ready, 1, 20000) != 1 || read(ends[0], number, sizeof number - 1) <= 0)
-        throw std::runtime_error("Xvfb does not start; script/setup --bench installs it");
-    close(ends[0]);
-    number[strcspn(number, "\n")] = '\0';
-    setenv("DISPLAY", (std::string(":") + number).c_str(), 1);
+    const Served server =
+        serve({"Xvfb", "-screen", "0", "1400x900x24", "-noreset", "-nolisten", "tcp"}, "-displayfd");
+    m_server = server.process;
+    setenv("DISPLAY", (":" + server.told).c_str(), 1);
+}
+
+/// A desktop has a session bus. Without one, whatever asks for it would start a program to make it.
+void StartWatch::startBus()
+{
+    const Served bus = serve({"dbus-daemon", "--session", "--nofork", "--nopidfile"}, "--print-address");
+    m_bus = bus.process;
+    setenv("DBUS_SESSION_BUS_ADDRESS", bus.told.c_str(), 1);
 }
 
 StartCost StartWatch::start(const std::vector<std::string> &command)

@@ -17,8 +17,8 @@ struct StartCost
     double kibibytes = 0; ///< the proportional set size of the process and its children, once it is at rest
 };
 
-/// An X server of its own, without a screen and without a window manager, and the programs started under it.
-/// Throws std::runtime_error when one of them is not as it has to be.
+/// An X server of its own, without a screen and without a window manager, a session bus of its own, and the
+/// programs started under them. Throws std::runtime_error when one of them is not as it has to be.
 class StartWatch final
 {
 public:
@@ -33,10 +33,12 @@ public:
 
 private:
     void startServer();
+    void startBus();
     void waitForPaintedWindow();
     bool isPainted(unsigned window);
 
     pid_t m_server = -1;
+    pid_t m_bus = -1;
     xcb_connection_t *m_connection = nullptr;
     unsigned m_root = 0;
 };

@@ -434,8 +434,8 @@ void PLShelfViewInputTest::aDroppedPictureIsHandedOver()
     QCOMPARE(stage.shelf->selectedIndex(), 0);
 }
 
-// Under X11 the data is asked of the other program each time; one whose button was just released no longer answers
-// for the move before.
+// Under X11 the data is asked of the other program each time; one whose button was just released no longer
+// answers for the move before.
 void PLShelfViewInputTest::aDropCountsThoughTheLastMoveHadNoAnswer()
 {
     const PLShelfStage stage(3);

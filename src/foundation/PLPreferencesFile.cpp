@@ -4,9 +4,11 @@
 #include "foundation/PLPreferencesFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QtEndian>
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 namespace {
@@ -190,14 +192,26 @@ bool holdsDamage(const QByteArray &file)
     return std::any_of(values.begin(), values.end(), isDamaged);
 }
 
+/// To open one would wait until somebody writes into it.
+bool isPipe(const QString &path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_fifo(QFileInfo(path).filesystemFilePath(), ignored);
+}
+
+/// Nothing of a file that cannot be read.
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace
 
 void PLSetAsideDamagedPreferences(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || !holdsDamage(file.readAll()))
+    if (!isPipe(path) && !holdsDamage(contentsOf(path)))
         return;
-    file.close();
     const QString otherPath = path + QStringLiteral(".damaged");
     QFile::remove(otherPath);
     QFile::rename(path, otherPath);

@@ -9,6 +9,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 class PLPreferencesTest final : public QObject
@@ -21,6 +25,7 @@ private Q_SLOTS:
     void aDamagedFileIsSetAside_data();
     void aDamagedFileIsSetAside();
     void oddValuesAreNoDamage();
+    void aPipeInItsPlaceDoesNotStopTheStart();
     void failingFillsTheErrorIfThereIsOne();
 };
 
@@ -108,6 +113,21 @@ void PLPreferencesTest::oddValuesAreNoDamage()
     PLPreferences::useFile(path + u'2');
     for (auto value = values.begin(); value != values.end(); ++value)
         QCOMPARE(PLPreferences::store().value(value.key()), value.value());
+}
+
+void PLPreferencesTest::aPipeInItsPlaceDoesNotStopTheStart()
+{
+#ifdef Q_OS_UNIX
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"preferences.ini"_s);
+    QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    PLPreferences::useFile(path); // would wait for somebody to write into it
+    PLPreferences::store().setValue(u"Key"_s, 1);
+    PLPreferences::store().sync();
+    QCOMPARE(PLBytesOf(path), "[General]\nKey=1\n");
+#else
+    QSKIP("no file is a pipe here");
+#endif
 }
 
 void PLPreferencesTest::failingFillsTheErrorIfThereIsOne()

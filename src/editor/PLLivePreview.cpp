@@ -7,6 +7,7 @@
 #include "editor/PLPreviewView.h"
 #include "editor/PLTypingPause.h"
 #include "markdown/PLMarkdown.h"
+#include "platform/PLKeyHold.h"
 #include "theme/PLTheme.h"
 
 #include <QDesktopServices>
@@ -112,9 +113,10 @@ void PLLivePreview::takeView()
     connectView(m_view);
     if (PLIsPreviewWindowReady(window()))
         return showView();
-    // The window will be created anew, and must not be while keys for it are on their way.
+    // The window will be created anew, for which a pause of the writer's is the best moment.
     auto *pause = new PLTypingPause(quietTime, this);
-    connect(pause, &PLTypingPause::reached, this, &PLLivePreview::showView);
+    connect(pause, &PLTypingPause::reached, this,
+            [this] { PLRemakeHoldingKeys(*window(), [this] { showView(); }); });
     connect(pause, &PLTypingPause::reached, pause, &QObject::deleteLater);
 }
 

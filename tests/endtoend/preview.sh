@@ -55,6 +55,24 @@ no_letter_is_lost_when_the_preview_is_first_shown() {
     ends_with 0
 }
 
+# The window is made anew in a pause of the writer's, which may be over right then; $1 is its length in seconds.
+no_letter_is_lost_after_a_pause() {
+    local letter
+    cp "$kept/$page" "$notebook/$page"
+    remember_preview false
+    start "$notebook"
+    expect_title "Le phare — Le départ"
+    press F6 ctrl+End ctrl+alt+p
+    for letter in a b c d e f g h; do
+        sleep "$1"
+        write "$letter"
+    done
+    until_true "the preview" shows_preview
+    expect_text abcdefgh
+    press ctrl+q
+    ends_with 0
+}
+
 # The engine's own processes speak for themselves, as "[pid:thread:date:ERROR:file]", of a machine without a graphics card.
 said_nothing_of_the_engine() {
     sed -i -E '/^Sandboxing disabled by user/d; /^\[[0-9]+:[0-9]+:[0-9/.]+:ERROR:/d' "$work/stderr"
@@ -65,5 +83,8 @@ make_notebook
 the_window_stays_when_the_preview_is_there_from_the_start
 for _ in 1 2 3; do
     no_letter_is_lost_when_the_preview_is_first_shown
+done
+for pause in 0.27 0.29 0.31 0.33; do
+    no_letter_is_lost_after_a_pause $pause
 done
 said_nothing_of_the_engine

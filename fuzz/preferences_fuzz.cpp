@@ -10,6 +10,7 @@
 #include "storage/PLRecentProjects.h"
 
 #include <QFile>
+#include <QStringEncoder>
 
 #include <algorithm>
 
@@ -60,13 +61,20 @@ Values otherValues()
     return values;
 }
 
+/// Texts as an ini file holds them: half a surrogate pair cannot be written.
+QByteArray writtenTexts(const QVariant &value)
+{
+    QStringEncoder encoder(QStringEncoder::Utf8);
+    return encoder(value.toStringList().join(u'\n'));
+}
+
 /// A list of texts is sometimes read as one of values, and an empty one as nothing.
 bool isSame(const QVariant &left, const QVariant &right)
 {
     const bool isList = left.typeId() == QMetaType::QStringList || left.typeId() == QMetaType::QVariantList;
     if (isList && left.toList().isEmpty())
         return right.toList().isEmpty();
-    return left == right || (!left.toList().isEmpty() && left.toStringList() == right.toStringList());
+    return left == right || (!left.toStringList().isEmpty() && writtenTexts(left) == writtenTexts(right));
 }
 
 /// What the program reads when it starts.

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
 #include <QtEndian>
 
 #include <algorithm>
@@ -110,7 +111,7 @@ private:
 };
 
 /// The digits in this base from the start of the text on become one character; none become nothing.
-QString takeNumber(QStringView &text, int base)
+QString takeNumber(QByteArrayView &text, int base)
 {
     uint value = 0;
     bool isThere = false;
@@ -126,69 +127,93 @@ QString takeNumber(QStringView &text, int base)
 
 /// What the characters after a backslash stand for in the toolkit's ini files: an end of the line, and a
 /// letter that it does not know, for nothing.
-QString takeEscaped(QStringView &text)
+QString takeEscaped(QByteArrayView &text)
 {
-    constexpr QStringView names = u"abfnrtv\"?'\\";
-    constexpr QStringView meanings = u"\a\b\f\n\r\t\v\"?'\\";
-    const QChar name = text.isEmpty() ? QChar() : text.front();
-    if (name >= u'0' && name <= u'7')
+    constexpr QByteArrayView names = "abfnrtv\"?'\\";
+    constexpr QByteArrayView meanings = "\a\b\f\n\r\t\v\"?'\\";
+    if (text.isEmpty())
+        return {};
+    const char name = text.front();
+    if (name >= '0' && name <= '7')
         return takeNumber(text, 8);
-    text = text.sliced(qMin<qsizetype>(1, text.size()));
-    if (name == u'x')
+    text = text.sliced(1);
+    if (name == 'x')
         return takeNumber(text, 16);
-    const bool endsLine = name == u'\n' || name == u'\r';
-    if (endsLine && !text.isEmpty() && text.front() == (name == u'\n' ? u'\r' : u'\n'))
+    const bool endsLine = name == '\n' || name == '\r';
+    if (endsLine && !text.isEmpty() && text.front() == (name == '\n' ? '\r' : '\n'))
         text = text.sliced(1);
     const qsizetype index = names.indexOf(name);
-    return index < 0 ? QString() : QString(meanings[index]);
+    return index < 0 ? QString() : QString(QLatin1Char(meanings[index]));
 }
 
-void skipComment(QStringView &text)
+/// What is no escape, from the first byte on up to the next that may mean something else.
+QByteArrayView takeRun(QByteArrayView &text, QByteArrayView ends)
 {
-    while (!text.isEmpty() && text.front() != u'\n' && text.front() != u'\r')
+    qsizetype length = 1;
+    while (length < text.size() && !ends.contains(text[length]))
+        ++length;
+    const QByteArrayView run = text.first(length);
+    text = text.sliced(length);
+    return run;
+}
+
+void skipComment(QByteArrayView &text)
+{
+    while (!text.isEmpty() && text.front() != '\n' && text.front() != '\r')
         text = text.sliced(1);
 }
 
 /// What stands after the first equals sign of each line, cut at the commas that are not within quotation
-/// marks. The keys are among them too, and never look like a value.
-QList<QByteArray> valuesOf(QStringView text)
+/// marks. The keys are among them too, and never look like a value. As in the toolkit, each line has a
+/// decoder of its own, which keeps the start of a character until its end comes, and at the end of the line
+/// for good.
+QList<QByteArray> valuesOf(QByteArrayView text)
 {
     QList<QByteArray> values;
     QString value;
+    QStringDecoder decoder(QStringDecoder::Utf8);
     bool isQuoted = false;
     bool isKey = true;
     while (!text.isEmpty()) {
-        const QChar character = text.front();
+        const char character = text.front();
+        const bool endsLine = !isQuoted && QByteArrayView(";\r\n").contains(character);
+        const bool endsKey = !isQuoted && isKey && character == '=';
+        const bool endsValue = endsLine || endsKey || (!isQuoted && !isKey && character == ',');
+        if (!endsValue && character != '\\' && character != '"') {
+            value += decoder(takeRun(text, isQuoted ? "\\\"," : isKey ? "\\\",;\r\n=" : "\\\",;\r\n"));
+            continue;
+        }
         text = text.sliced(1);
-        const bool endsLine = !isQuoted && QStringView(u";\r\n").contains(character);
-        const bool endsValue = !isQuoted && character == (isKey ? u'=' : u',');
-        if (character == u'\\')
+        if (character == '\\')
             value += takeEscaped(text);
-        else if (character == u'"')
+        else if (character == '"')
             isQuoted = !isQuoted;
-        else if (endsLine || endsValue)
-            values.append(std::exchange(value, QString()).trimmed().toLatin1());
         else
-            value += character;
-        if (endsLine || endsValue)
+            values.append(std::exchange(value, QString()).trimmed().toLatin1());
+        if (endsLine || endsKey) {
             isKey = endsLine;
-        if (endsLine && character == u';')
+            decoder = QStringDecoder(QStringDecoder::Utf8);
+        }
+        if (endsLine && character == ';')
             skipComment(text);
     }
     values.append(value.trimmed().toLatin1());
     return values;
 }
 
+/// The toolkit reads a date as it reads a value of any type; the program writes none.
 bool isDamaged(QByteArrayView value)
 {
-    if (!value.startsWith(opening) || !value.endsWith(')'))
+    if (!value.endsWith(')'))
         return false;
-    return !Walk(value.sliced(opening.size())).isValue();
+    if (value.startsWith(opening))
+        return !Walk(value.sliced(opening.size())).isValue();
+    return value.startsWith("@DateTime(");
 }
 
 bool holdsDamage(const QByteArray &file)
 {
-    const QList<QByteArray> values = valuesOf(QString::fromUtf8(file));
+    const QList<QByteArray> values = valuesOf(file);
     return std::any_of(values.begin(), values.end(), isDamaged);
 }
 

@@ -23,8 +23,9 @@ namespace {
 constexpr auto longestHold = 1s;
 constexpr auto settlingTime = 30ms; ///< for the keys that were pressed before, which are on their way
 
-/// A frozen keyboard: the server keeps the events of its keys, in order, and hands them out when it is thawed, to the
-/// window that has the focus then. It thaws with the end of this connection, so also if the program crashes.
+/// A frozen keyboard: the server keeps the events of its keys, in order, and hands them out when it is
+/// thawed, to the window that has the focus then. It thaws with the end of this connection, so also if the
+/// program crashes.
 class KeyHold final : public QObject
 {
 public:
@@ -45,8 +46,8 @@ private:
         if (xcb_connection_has_error(connection))
             return;
         const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-        const auto request = xcb_grab_keyboard(connection, 0, root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
-                                               XCB_GRAB_MODE_SYNC);
+        const auto request =
+            xcb_grab_keyboard(connection, 0, root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_SYNC);
         std::free(xcb_grab_keyboard_reply(connection, request, nullptr)); // if another has it, it stays so
     }
 

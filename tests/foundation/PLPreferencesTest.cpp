@@ -69,6 +69,8 @@ void PLPreferencesTest::aDamagedFileIsSetAside_data()
         << QByteArray("@Variant\\\n(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
     QTest::newRow("with escapes that mean nothing")
         << QByteArray("@Var\\q\\x69\\x\\\r\nant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("with half a character at its end") << QByteArray("@Variant(\\0\\0\\0\\x9xff)\xf3");
+    QTest::newRow("as a date") << QByteArray("@DateTime(\\0\\0\\0\\x9\\0\\x7f\\xff\\xff\\xff)");
     QTest::newRow("a text that is cut")
         << QByteArray("@Variant(\\0\\0\\0\\x9\\0\\0\\0\\x1\\0\\0\\0\\n\\0\\0\\0\\x4\\0/)");
 }

@@ -10,7 +10,6 @@
 #include "storage/PLRecentProjects.h"
 
 #include <QFile>
-#include <QStringEncoder>
 
 #include <algorithm>
 
@@ -61,11 +60,10 @@ Values otherValues()
     return values;
 }
 
-/// Texts as an ini file holds them: half a surrogate pair cannot be written.
-QByteArray writtenTexts(const QVariant &value)
+/// Half a surrogate pair cannot be written.
+bool canBeWritten(const QStringList &texts)
 {
-    QStringEncoder encoder(QStringEncoder::Utf8);
-    return encoder(value.toStringList().join(u'\n'));
+    return std::all_of(texts.begin(), texts.end(), [](const QString &text) { return text.isValidUtf16(); });
 }
 
 /// A list of texts is sometimes read as one of values, and an empty one as nothing.
@@ -74,7 +72,8 @@ bool isSame(const QVariant &left, const QVariant &right)
     const bool isList = left.typeId() == QMetaType::QStringList || left.typeId() == QMetaType::QVariantList;
     if (isList && left.toList().isEmpty())
         return right.toList().isEmpty();
-    return left == right || (!left.toStringList().isEmpty() && writtenTexts(left) == writtenTexts(right));
+    const bool isSameList = !left.toList().isEmpty() && left.toStringList() == right.toStringList();
+    return left == right || isSameList || !canBeWritten(left.toStringList());
 }
 
 /// What the program reads when it starts.

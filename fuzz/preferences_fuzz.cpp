@@ -38,23 +38,24 @@ QByteArray takenFile(const QString &path)
 
 using Values = QHash<QString, QVariant>;
 
-/// A key such as a program has; the toolkit takes others for the same now and then.
+/// A key such as a program has: of printable characters, in groups that have names.
 bool isOrdinary(const QString &key)
 {
-    return std::all_of(key.begin(), key.end(),
-                       [](QChar character) { return character >= u' ' && character <= u'~'; });
+    return !(u'/' + key + u'/').contains(u"//"_s) && std::all_of(key.begin(), key.end(), [](QChar character) {
+        return character >= u' ' && character <= u'~';
+    });
 }
 
-/// All but those that the test itself changes.
+/// All but those that the test itself changes. None if there is an odd key: the toolkit takes it for another
+/// one now and then, and writes the value of the one for that of the other.
 Values otherValues()
 {
     Values values;
     const QStringList keys = PLPreferences::store().allKeys();
-    for (const QString &key : keys) {
-        const bool isFound = !(u'/' + key + u'/').contains(u"//"_s); // others are listed all the same
-        if (isFound && isOrdinary(key))
-            values.insert(key, PLPreferences::store().value(key));
-    }
+    if (!std::all_of(keys.begin(), keys.end(), isOrdinary))
+        return values;
+    for (const QString &key : keys)
+        values.insert(key, PLPreferences::store().value(key));
     for (const QString &key : {u"PLRecentProjects"_s, u"PLInterfaceLanguage"_s, u"AppleLanguages"_s})
         values.remove(key);
     return values;

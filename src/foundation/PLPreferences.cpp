@@ -34,6 +34,7 @@ QSettings &PLPreferences::store()
 
 void PLPreferences::useFile(const QString &path)
 {
-    PLSetAsideDamagedPreferences(path);
-    currentStore() = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    // Below a file there can be none: the preferences then last as long as the program.
+    const QString usable = PLSetAsideDamagedPreferences(path) ? path : path + QStringLiteral("/none");
+    currentStore() = std::make_unique<QSettings>(usable, QSettings::IniFormat);
 }

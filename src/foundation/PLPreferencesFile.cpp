@@ -59,10 +59,17 @@ private:
         return bytes.size() == 4 ? qFromBigEndian<quint32>(bytes.data()) : 0;
     }
 
-    bool passText()
+    bool passBytes()
     {
         const quint32 length = number();
         return length == 0xFFFFFFFF || pass(length);
+    }
+
+    /// Bytes of whole UTF-16 units: at an odd number the toolkit would stop, and read on before them.
+    bool passText()
+    {
+        const quint32 length = number();
+        return length == 0xFFFFFFFF || (length % 2 == 0 && pass(length));
     }
 
     template <typename Element>
@@ -100,8 +107,9 @@ private:
             return passEach([&] { return passText(); });
         case Invalid:
         case Text:
-        case Bytes:
             return passText();
+        case Bytes:
+            return passBytes();
         default:
             return false; // the program has no use for others
         }
@@ -157,6 +165,12 @@ QByteArrayView takeRun(QByteArrayView &text, QByteArrayView ends)
     return run;
 }
 
+void skipSpaces(QByteArrayView &text)
+{
+    while (text.startsWith(' ') || text.startsWith('\t'))
+        text = text.sliced(1);
+}
+
 void skipComment(QByteArrayView &text)
 {
     while (!text.isEmpty() && text.front() != '\n' && text.front() != '\r')
@@ -179,6 +193,7 @@ QList<QByteArray> valuesOf(QByteArrayView text)
         const bool endsLine = !isQuoted && QByteArrayView(";\r\n").contains(character);
         const bool endsKey = !isQuoted && isKey && character == '=';
         const bool endsValue = endsLine || endsKey || (!isQuoted && !isKey && character == ',');
+        const bool endsQuotation = isQuoted && character == '"';
         if (!endsValue && character != '\\' && character != '"') {
             value += decoder(takeRun(text, isQuoted ? "\\\"," : isKey ? "\\\",;\r\n=" : "\\\",;\r\n"));
             continue;
@@ -196,6 +211,8 @@ QList<QByteArray> valuesOf(QByteArrayView text)
         }
         if (endsLine && character == ';')
             skipComment(text);
+        if (!isKey && (endsValue || endsQuotation))
+            skipSpaces(text);
     }
     values.append(value.trimmed().toLatin1());
     return values;
@@ -233,11 +250,11 @@ QByteArray contentsOf(const QString &path)
 
 } // namespace
 
-void PLSetAsideDamagedPreferences(const QString &path)
+bool PLSetAsideDamagedPreferences(const QString &path)
 {
     if (!isPipe(path) && !holdsDamage(contentsOf(path)))
-        return;
+        return true;
     const QString otherPath = path + QStringLiteral(".damaged");
     QFile::remove(otherPath);
-    QFile::rename(path, otherPath);
+    return QFile::rename(path, otherPath);
 }

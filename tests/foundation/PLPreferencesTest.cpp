@@ -6,6 +6,7 @@
 #include "foundation/PLError.h"
 #include "support/PLTestFiles.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void aDamagedFileIsSetAside_data();
     void aDamagedFileIsSetAside();
     void oddValuesAreNoDamage();
+    void aDamagedFileThatMustStayIsNotRead();
     void aPipeInItsPlaceDoesNotStopTheStart();
     void failingFillsTheErrorIfThereIsOne();
 };
@@ -70,6 +72,13 @@ void PLPreferencesTest::aDamagedFileIsSetAside_data()
     QTest::newRow("with escapes that mean nothing")
         << QByteArray("@Var\\q\\x69\\x\\\r\nant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
     QTest::newRow("with half a character at its end") << QByteArray("@Variant(\\0\\0\\0\\x9xff)\xf3");
+    QTest::newRow("with spaces behind a quotation")
+        << QByteArray("@Variant\"\" (\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("behind a space and a byte order mark")
+        << QByteArray(" \xef\xbb\xbf@Variant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)");
+    QTest::newRow("a key of a byte and a half")
+        << QByteArray("@Variant(\\0\\0\\0\\b\\0\\0\\0\\x1\\0\\0\\0\\t\\0\\0\\0\\t\\x7f\\xff\\xff\\xff_"
+                      "\\0\\0\\0\\x1\\x1)");
     QTest::newRow("as a date") << QByteArray("@DateTime(\\0\\0\\0\\x9\\0\\x7f\\xff\\xff\\xff)");
     QTest::newRow("a text that is cut")
         << QByteArray("@Variant(\\0\\0\\0\\x9\\0\\0\\0\\x1\\0\\0\\0\\n\\0\\0\\0\\x4\\0/)");
@@ -115,6 +124,21 @@ void PLPreferencesTest::oddValuesAreNoDamage()
     PLPreferences::useFile(path + u'2');
     for (auto value = values.begin(); value != values.end(); ++value)
         QCOMPARE(PLPreferences::store().value(value.key()), value.value());
+}
+
+void PLPreferencesTest::aDamagedFileThatMustStayIsNotRead()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"preferences.ini"_s);
+    const QByteArray bytes = "[General]\nOther=1\nKey=@Variant(\\0\\0\\0\\x9\\x7f\\xff\\xff\\xff)\n";
+    QVERIFY(PLMakeFile(path, bytes));
+    QVERIFY(QDir(folder.path()).mkpath(u"preferences.ini.damaged/full"_s)); // where it should go
+    PLPreferences::useFile(path);
+    QVERIFY(PLPreferences::store().allKeys().isEmpty());
+    PLPreferences::store().setValue(u"Key"_s, 1);
+    PLPreferences::store().sync();
+    QCOMPARE(PLPreferences::store().value(u"Key"_s).toInt(), 1);
+    QCOMPARE(PLBytesOf(path), bytes);
 }
 
 void PLPreferencesTest::aPipeInItsPlaceDoesNotStopTheStart()

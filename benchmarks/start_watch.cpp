@@ -48,7 +48,7 @@ pid_t run(const std::vector<std::string> &command, const char *errors = nullptr)
     const pid_t process = fork();
     if (process != 0)
         return process;
-    prctl(PR_SET_PDEATHSIG, SIGKILL); // however the benchmark ends
+    prctl(PR_SET_PDEATHSIG, SIGTERM); // however the benchmark ends
     if (errors)
         dup2(open(errors, O_WRONLY), STDERR_FILENO);
     execvp(arguments[0], arguments.data());
@@ -73,12 +73,13 @@ Served serve(std::vector<std::string> command, const std::string &descriptorOpti
     Served served;
     served.process = run(command, "/dev/null");
     close(ends[1]);
-    char line[256] = {};
     pollfd ready = {ends[0], POLLIN, 0};
-    if (poll(&ready, 1, 20000) != 1 || read(ends[0], line, sizeof line - 1) <= 0)
-        throw std::runtime_error(command[0] + " does not start; script/setup --bench installs it");
+    for (char character = '\0'; character != '\n'; served.told += character) {
+        if (poll(&ready, 1, 20000) != 1 || read(ends[0], &character, 1) != 1)
+            throw std::runtime_error(command[0] + " does not start; script/setup --bench installs it");
+    }
+    served.told.pop_back();
     close(ends[0]);
-    served.told.assign(line, strcspn(line, "\n"));
     return served;
 }
 

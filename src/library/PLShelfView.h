@@ -101,7 +101,7 @@ private:
     int clickBook(const QMouseEvent &event);
     bool performKey(const QKeyEvent &event);
     bool canTakeCover(int index) const;
-    void updateDrag(QDropEvent &event);
+    QUrl updateDrag(QDropEvent &event);
     void setDropIndex(int index);
 
     std::vector<PLShelfBook> m_books;

@@ -126,18 +126,18 @@ bool PLShelfView::canTakeCover(int index) const
     return index >= 0 && index < int(m_books.size()) && m_books[size_t(index)].available;
 }
 
-/// The book under a dragged picture gets a ring, if the picture can become its cover.
-void PLShelfView::updateDrag(QDropEvent &event)
+/// The book under a dragged picture gets a ring, if the picture can become its cover. Gives the picture.
+QUrl PLShelfView::updateDrag(QDropEvent &event)
 {
     const bool canCopy = event.possibleActions().testFlag(Qt::CopyAction) && event.mimeData();
-    int target = -1;
-    if (canCopy && imageURLFromDrag(*event.mimeData()).isValid())
-        target = indexOfBookAtPoint(event.position());
+    const QUrl image = canCopy ? imageURLFromDrag(*event.mimeData()) : QUrl();
+    int target = image.isValid() ? indexOfBookAtPoint(event.position()) : -1;
     if (!canTakeCover(target))
         target = -1;
     setDropIndex(target);
     event.setDropAction(target >= 0 ? Qt::CopyAction : Qt::IgnoreAction);
     event.setAccepted(target >= 0);
+    return image;
 }
 
 void PLShelfView::setDropIndex(int index)
@@ -167,9 +167,9 @@ void PLShelfView::dragLeaveEvent(QDragLeaveEvent *)
 
 void PLShelfView::dropEvent(QDropEvent *event)
 {
-    updateDrag(*event); // the data may have had no answer in the last move, when the button was just released
+    // Asked for once more: in the last move it may have had no answer, when the button was just released.
+    const QUrl image = updateDrag(*event);
     const int index = m_dropIndex;
-    const QUrl image = imageURLFromDrag(*event->mimeData());
     setDropIndex(-1);
     event->setAccepted(index >= 0 && image.isValid());
     if (!event->isAccepted())

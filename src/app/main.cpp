@@ -7,7 +7,6 @@
 #include "i18n/PLDesktopStrings.h"
 #include "platform/PLAlert.h"
 #include "platform/PLExitSignals.h"
-#include "platform/PLFontsReadAhead.h"
 #include "platform/PLSingleInstance.h"
 #include "platform/PLStartupNotice.h"
 #include "platform/PLStyle.h"
@@ -49,7 +48,6 @@ int main(int argc, char *argv[])
         return 0;
     }
 
-    std::future<void> fonts = PLReadFontsAhead();
     QApplication application(argc, argv);
     QApplication::setStyle(new PLStyle);
     QApplication::setApplicationName(u"Aquilane"_s);

@@ -41,19 +41,24 @@ bool PLPageSession::openItem(const PLProjectItemPointer &item, PLError *error)
 {
     QByteArray bytes;
     QString contents = item->readContents(error, &bytes);
-    if (PLIsTooLargeForPage(contents)) {
-        PLFail(error, PLFileError(EFBIG));
-        contents = QString();
-    }
     if (contents.isNull()) {
         closeItem();
         return false;
     }
-    m_onDisk.remember(bytes);
-    m_leadingMark = contents.startsWith(byteOrderMark) ? QString(byteOrderMark) : QString();
-    contents.remove(0, m_leadingMark.size());
+    const QString leadingMark = contents.startsWith(byteOrderMark) ? QString(byteOrderMark) : QString();
+    contents.remove(0, leadingMark.size());
     QString body;
-    m_currentFields = PLFrontMatter::fieldsFromString(contents, &body, &m_currentKeys);
+    QStringList keys;
+    const auto fields = PLFrontMatter::fieldsFromString(contents, &body, &keys);
+    if (PLIsTooLargeForPage(body) || PLIsTooLargeForPage(fields.value(u"tags"_s))) {
+        PLFail(error, PLFileError(EFBIG));
+        closeItem();
+        return false;
+    }
+    m_onDisk.remember(bytes);
+    m_leadingMark = leadingMark;
+    m_currentFields = fields;
+    m_currentKeys = keys;
     m_saveTimer.stop();
     m_currentItem = item;
     m_editor.setText(body,

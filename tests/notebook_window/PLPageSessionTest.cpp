@@ -35,6 +35,7 @@ private Q_SLOTS:
     void withoutAPageNothingIsWritten();
     void anUnreadablePageIsNotOpened();
     void aPageThatNoEditorHoldsIsNotOpened();
+    void aPageWithALargeHeaderIsOpened();
     void proseBetweenSceneBreaksStaysProse();
     void aFailedSaveKeepsTheTextAndIsTriedAgain();
     void aFailedSaveCanBeQuiet();
@@ -242,6 +243,17 @@ void PLPageSessionTest::aPageThatNoEditorHoldsIsNotOpened()
     QCOMPARE(m_session->currentItem(), nullptr);
     QVERIFY(m_session->saveCurrentItem());
     QVERIFY(m_notebook->read(u"Livre/B.md"_s) == text);
+}
+
+void PLPageSessionTest::aPageWithALargeHeaderIsOpened()
+{
+    const QString header = u"---\ncle: "_s + QString(4'000'001, u'x') + u"\n---\n"_s;
+    m_notebook->write(u"Livre/A.md"_s, header + u"texte"_s);
+    QVERIFY(open(u"Livre/A.md"_s));
+    QCOMPARE(m_editor->textView()->pageText(), u"texte"_s);
+    m_editor->textView()->insertPlainText(u"Un "_s);
+    QVERIFY(m_session->saveCurrentItem());
+    QVERIFY(m_notebook->read(u"Livre/A.md"_s) == header + u"\nUn texte"_s);
 }
 
 void PLPageSessionTest::proseBetweenSceneBreaksStaysProse()

@@ -13,7 +13,8 @@ shows_preview() {
     local X Y WIDTH='' HEIGHT SCREEN WINDOW
     eval "$(xdotool getwindowgeometry --shell "$(active_window)")"
     [[ $WIDTH ]] || return 1 # no window is active at this moment
-    timeout 5 import -window root -crop "${WIDTH}x${HEIGHT}+$X+$Y" +repage -colorspace Gray "$work/window.png"
+    timeout 5 import -window root -crop "${WIDTH}x${HEIGHT}+$X+$Y" +repage -colorspace Gray "$work/window.png" ||
+        return 1
     holds $((WIDTH * 30 / 100))x1+$((WIDTH * 45 / 100))+$((HEIGHT - 100)) 'maxima-minima>0.05' &&
         holds $((WIDTH * 35 / 100))x200+$((WIDTH * 63 / 100))+100 'minima<0.5'
 }

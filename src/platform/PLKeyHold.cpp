@@ -50,8 +50,9 @@ public:
     {
         // Another thread ends it in time, were this one to hang: the keyboard is that of the whole desktop.
         m_end = std::async(std::launch::async,
-                           [connection = frozenKeyboard(), released = m_released.get_future()] {
+                           [connection = frozenKeyboard(), released = m_released.get_future()]() mutable {
                                released.wait_for(longestHold);
+                               connection.reset(); // this function itself lives as long as its future
                            });
         QTimer::singleShot(settlingTime, this, &KeyHold::remake);
     }

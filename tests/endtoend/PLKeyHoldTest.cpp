@@ -3,8 +3,9 @@
 //
 // The keys of a whole desktop are held while a window is made anew: never for longer than said.
 
-#include "PLTestScreen.h"
 #include "platform/PLKeyHold.h"
+
+#include "PLTestScreen.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

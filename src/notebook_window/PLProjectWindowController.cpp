@@ -211,11 +211,13 @@ void PLProjectWindowController::connectSidebar()
     connect(sidebar, &PLSidebarController::selectionChanged, this,
             &PLProjectWindowController::selectionChanged);
     connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
-    connect(sidebar, &PLSidebarController::titleEditingCancelled, commands,
-            &PLPageCommands::focusTextIfEditing);
     connect(sidebar, &PLSidebarController::nameEditingEnded, this, [this] {
         if (std::exchange(m_refreshIsDue, false))
             refreshSidebar();
+    });
+    connect(view, &PLSidebarView::titleFieldLeft, commands, [=] {
+        if (const PLProjectItemPointer item = PLItemOfNode(sidebar->selectedNode()))
+            commands->focusTextIfEditing(item);
     });
     connect(view, &PLSidebarView::addRequested, commands, &PLPageCommands::createItemInSection);
     connect(view, &PLSidebarView::renameRequested, commands,

@@ -197,8 +197,6 @@ void PLSidebarController::titleEditingEnded(const QObject *field)
     if (field != m_titleField)
         return;
     m_titleField = nullptr;
-    const PLProjectItemPointer item = std::exchange(m_titleItem, nullptr);
-    if (item)
-        Q_EMIT titleEditingCancelled(item);
+    m_titleItem = nullptr;
     Q_EMIT nameEditingEnded();
 }

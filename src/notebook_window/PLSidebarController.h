@@ -55,9 +55,7 @@ Q_SIGNALS:
     void selectionChanged();
     /// A title was typed into the row of a page, and its field is closed.
     void titleTyped(const PLProjectItemPointer &item, const QString &title);
-    /// The title's field was left without a new title.
-    void titleEditingCancelled(const PLProjectItemPointer &item);
-    /// No title is being typed any more; told after the other two.
+    /// No title is being typed any more; told after titleTyped.
     void nameEditingEnded();
 
 private:

@@ -169,9 +169,20 @@ void PLSidebarRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOpt
     editor->setGeometry(cellOf(option.rect));
 }
 
-/// A title waits for the writer who looks something up in another window, or opens a menu.
+/// A title waits for the writer who looks something up in another window, or opens a menu. Return closes its
+/// field at once; by itself the toolkit waits for the event loop, and the field takes the keys that come
+/// before.
 bool PLSidebarRowDelegate::eventFilter(QObject *field, QEvent *event)
 {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            auto *widget = qobject_cast<QWidget *>(field);
+            Q_EMIT commitData(widget);
+            Q_EMIT closeEditor(widget);
+            return true;
+        }
+    }
     if (event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||

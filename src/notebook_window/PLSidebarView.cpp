@@ -69,7 +69,7 @@ void PLSidebarView::requestMenuOfCurrentRow()
 
 void PLSidebarView::keyPressEvent(QKeyEvent *event)
 {
-    // The field of a title lets Return through; it ends the typing and must not begin it anew.
+    // What the field of a title has no use for is not for the rows.
     if (state() == EditingState)
         return event->ignore();
     switch (event->key()) {
@@ -137,7 +137,10 @@ QModelIndex PLSidebarView::rowAfter(const QModelIndex &row) const
 /// Tab ends a title as Return does; it does not go on to the title of the next page.
 void PLSidebarView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint)
 {
+    const bool hadFocus = window()->focusWidget() == editor;
     QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (hadFocus)
+        Q_EMIT titleFieldLeft();
 }
 
 void PLSidebarView::applyColors()

@@ -25,6 +25,8 @@ Q_SIGNALS:
     void trashRequested();
     /// A row's context menu is wanted, by mouse or key; the index is invalid beside the rows.
     void contextMenuRequested(const QModelIndex &index, const QPoint &globalPosition);
+    /// A key has closed the field of a title, and the keys that follow are for something else.
+    void titleFieldLeft();
 
 protected:
     bool viewportEvent(QEvent *event) override;

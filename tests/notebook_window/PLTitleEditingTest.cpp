@@ -26,6 +26,8 @@ private Q_SLOTS:
     void escapeKeepsTheTitle();
     void tabEndsATitleAsReturnDoes_data();
     void tabEndsATitleAsReturnDoes();
+    void whatIsTypedRightBehindATitleIsOfThePage_data();
+    void whatIsTypedRightBehindATitleIsOfThePage();
     void aPageUnderATagIsRenamedInItsSection();
     void aPageOutOfSightIsNotRenamed();
     void theListIsNotReadAgainWhileATitleIsTyped();
@@ -169,6 +171,41 @@ void PLTitleEditingTest::tabEndsATitleAsReturnDoes()
     QTRY_COMPARE(window.controller->window()->focusWidget(), window.textView());
     QCOMPARE(window.selectedText(), u"Bal"_s);
     QVERIFY(!window.titleField());
+}
+
+void PLTitleEditingTest::whatIsTypedRightBehindATitleIsOfThePage_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("file");
+
+    QTest::newRow("Return") << int(Qt::Key_Return) << u"Livre/01 - Bal.md"_s;
+    QTest::newRow("Enter") << int(Qt::Key_Enter) << u"Livre/01 - Bal.md"_s;
+    QTest::newRow("Tab") << int(Qt::Key_Tab) << u"Livre/01 - Bal.md"_s;
+    QTest::newRow("Shift+Tab") << int(Qt::Key_Backtab) << u"Livre/01 - Bal.md"_s;
+    QTest::newRow("Escape") << int(Qt::Key_Escape) << u"Livre/01 - A.md"_s;
+}
+
+/// Not of the title, and not a search in the sidebar, though the file has its old name yet.
+void PLTitleEditingTest::whatIsTypedRightBehindATitleIsOfThePage()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(int, key);
+    QFETCH(QString, file);
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/02 - B.md"_s, u"deux"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+
+    QTest::keyClick(window.titleField(), Qt::Key(key));
+    for (const QChar letter : u"Bon "_s) // no turn of the event loop between them
+        QTest::keyClick(window.controller->window()->focusWidget(), letter.toLatin1());
+
+    QTRY_VERIFY(window.notebook.exists(file));
+    QTRY_VERIFY(!window.sidebar().isEditingName());
+    QVERIFY(window.controller->saveCurrentItem());
+    QCOMPARE(window.notebook.read(file), u"Bon un"_s);
+    QCOMPARE(window.controller->window()->focusWidget(), window.textView());
 }
 
 void PLTitleEditingTest::aPageUnderATagIsRenamedInItsSection()

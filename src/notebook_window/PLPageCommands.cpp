@@ -6,7 +6,6 @@
 #include "editor/PLEditorView.h"
 #include "foundation/PLText.h"
 #include "i18n/PLLocalization.h"
-#include "notebook_window/PLPageSession.h"
 #include "notebook_window/PLSidebarController.h"
 #include "notebook_window/PLSidebarView.h"
 #include "platform/PLAlert.h"
@@ -141,17 +140,21 @@ PLProjectItemPointer PLPageCommands::selectedItem() const
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the caller's may go while an alert is shown
-void PLPageCommands::endTitleEditing(PLProjectItemPointer item, const QString &typedTitle)
+void PLPageCommands::endTitleEditing(PLProjectItemPointer item, const QString &typedTitle,
+                                     PLPageSession::SaveFailure failure)
 {
     const QString title = PLTrimmedSpacesAndNewlines(typedTitle).toString();
     if (title.isEmpty() || title == item->title())
         return focusTextIfEditing(item);
     const bool isCurrent = item->isSameFileAsItem(m_parts.session.currentItem().get());
-    if (isCurrent && !m_parts.session.saveCurrentItem())
+    if (isCurrent && !m_parts.session.saveCurrentItem(failure))
         return;
     PLError error;
-    if (!m_parts.project.renameItem(*item, title, &error))
-        return PLAlert::presentError(error, &m_parts.window);
+    if (!m_parts.project.renameItem(*item, title, &error)) {
+        if (failure == PLPageSession::SaveFailure::Tell)
+            PLAlert::presentError(error, &m_parts.window);
+        return;
+    }
     if (isCurrent)
         m_parts.session.setCurrentItem(item);
     Q_EMIT currentItemRenamed();

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "notebook_window/PLPageSession.h"
 #include "platform/PLCommand.h"
 #include "storage/PLProjectItem.h"
 
@@ -11,7 +12,6 @@
 #include <optional>
 
 class PLEditorView;
-class PLPageSession;
 class PLProject;
 class PLSidebarController;
 class PLSidebarNode;
@@ -53,7 +53,8 @@ public:
     PLProjectItemPointer targetItemForNode(const PLSidebarNode *node) const;
 
     /// A title was typed for a page: renames its file, unless the text of the page could not be saved before.
-    void endTitleEditing(PLProjectItemPointer item, const QString &typedTitle);
+    void endTitleEditing(PLProjectItemPointer item, const QString &typedTitle,
+                         PLPageSession::SaveFailure failure = PLPageSession::SaveFailure::Tell);
     /// Goes on typing in the page, if this is the one that is open.
     void focusTextIfEditing(const PLProjectItemPointer &item) const;
 

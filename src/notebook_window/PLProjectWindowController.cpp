@@ -80,7 +80,10 @@ bool PLProjectWindowController::saveCurrentItem()
 
 bool PLProjectWindowController::saveCurrentItemQuietly()
 {
-    return m_session->saveCurrentItem(PLPageSession::SaveFailure::KeepQuiet);
+    const bool isSaved = m_session->saveCurrentItem(PLPageSession::SaveFailure::KeepQuiet);
+    if (const auto [item, title] = m_sidebar->takeTitle(); item)
+        m_pageCommands->endTitleEditing(item, title, PLPageSession::SaveFailure::KeepQuiet);
+    return isSaved;
 }
 
 void PLProjectWindowController::refreshSidebar()
@@ -210,7 +213,10 @@ void PLProjectWindowController::connectSidebar()
     PLPageCommands *commands = m_pageCommands.get();
     connect(sidebar, &PLSidebarController::selectionChanged, this,
             &PLProjectWindowController::selectionChanged);
-    connect(sidebar, &PLSidebarController::titleTyped, commands, &PLPageCommands::endTitleEditing);
+    connect(sidebar, &PLSidebarController::titleTyped, commands,
+            [=](const PLProjectItemPointer &item, const QString &title) {
+                commands->endTitleEditing(item, title);
+            });
     connect(sidebar, &PLSidebarController::nameEditingEnded, this, [this] {
         if (std::exchange(m_refreshIsDue, false))
             refreshSidebar();

@@ -46,7 +46,7 @@ public:
 
     /// Writes the page that is open if it has changed; false if that failed, which the writer has been told.
     bool saveCurrentItem();
-    /// The same without a word, for when nobody is there to read it.
+    /// The same without a word, for when nobody is there to read it; a title that is being typed is kept too.
     bool saveCurrentItemQuietly();
 
     /// Reads the list of pages again and keeps the selection.

@@ -124,12 +124,24 @@ void PLSidebarController::editTitleOfNode(const PLSidebarNode *node)
 
 void PLSidebarController::commitTitle()
 {
-    if (QLineEdit *field = std::exchange(m_titleField, nullptr)) {
-        m_typedItem = std::exchange(m_titleItem, nullptr);
-        m_typedTitle = field->text();
-        Q_EMIT m_rowDelegate->closeEditor(field);
-    }
+    closeTitleField();
     tellTypedTitle();
+}
+
+std::pair<PLProjectItemPointer, QString> PLSidebarController::takeTitle()
+{
+    closeTitleField();
+    return {std::exchange(m_typedItem, nullptr), m_typedTitle};
+}
+
+void PLSidebarController::closeTitleField()
+{
+    QLineEdit *field = std::exchange(m_titleField, nullptr);
+    if (!field)
+        return;
+    m_typedItem = std::exchange(m_titleItem, nullptr);
+    m_typedTitle = field->text();
+    Q_EMIT m_rowDelegate->closeEditor(field);
 }
 
 void PLSidebarController::rememberExpansion(const QModelIndex &index, bool isExpanded)

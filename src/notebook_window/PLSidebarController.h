@@ -7,6 +7,8 @@
 
 #include <QSet>
 
+#include <utility>
+
 class PLProject;
 class PLSidebarRowDelegate;
 class PLSidebarView;
@@ -49,6 +51,9 @@ public:
     void editTitleOfNode(const PLSidebarNode *node);
     /// Takes the title that is being typed as it is, as Return would; titleTyped is told before this returns.
     void commitTitle();
+    /// The title that is being typed, or not told yet; its field is closed, and titleTyped is not told. A
+    /// null page when there is none.
+    std::pair<PLProjectItemPointer, QString> takeTitle();
 
 Q_SIGNALS:
     /// The selection has moved, or has been set again by the program.
@@ -64,6 +69,7 @@ private:
     bool isInSight(const QModelIndex &index) const;
     void titleEditingBegan(QLineEdit *field);
     void titleFieldFilled(const QString &title);
+    void closeTitleField();
     void tellTypedTitle();
     void titleEditingEnded(const QObject *field);
 

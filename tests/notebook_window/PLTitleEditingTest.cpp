@@ -35,6 +35,9 @@ private Q_SLOTS:
     void aTitleIsKeptWhenAnotherPageIsMade();
     void aTitleIsKeptWhenTheAddButtonIsPressed();
     void aTitleIsKeptWhenTheWindowCloses();
+    void aTitleIsKeptWhenTheProgramMustEnd_data();
+    void aTitleIsKeptWhenTheProgramMustEnd();
+    void aFailedRenameHoldsNoEndUp();
     void aTagTypedJustBeforeDoesNotEndTheTyping();
     void theAlertOfAFailedRenameIsShownOverTheRow_data();
     void theAlertOfAFailedRenameIsShownOverTheRow();
@@ -336,6 +339,54 @@ void PLTitleEditingTest::aTitleIsKeptWhenTheWindowCloses()
     QVERIFY(window.controller->window()->close());
 
     QVERIFY(window.notebook.exists(u"Livre/01 - Bal.md"_s));
+}
+
+void PLTitleEditingTest::aTitleIsKeptWhenTheProgramMustEnd_data()
+{
+    QTest::addColumn<bool>("isFieldClosed");
+
+    QTest::newRow("while it is typed") << false;
+    QTest::newRow("right behind Return") << true;
+}
+
+void PLTitleEditingTest::aTitleIsKeptWhenTheProgramMustEnd()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(bool, isFieldClosed);
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    window.type(u"x"_s);
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    if (isFieldClosed)
+        QTest::keyClick(window.titleField(), Qt::Key_Return);
+
+    QVERIFY(window.controller->saveCurrentItemQuietly());
+
+    QCOMPARE(window.notebook.read(u"Livre/01 - Bal.md"_s), u"xun"_s);
+    QVERIFY(!window.notebook.exists(u"Livre/01 - A.md"_s));
+    QVERIFY(!window.sidebar().isEditingName());
+    letEventsCome(); // the end may have been called off
+    QCOMPARE(window.selectedText(), u"Bal"_s);
+    QVERIFY(window.alerts.isEmpty());
+}
+
+/// Nobody is there to answer an alert.
+void PLTitleEditingTest::aFailedRenameHoldsNoEndUp()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    window.notebook.hideSection(u"Livre"_s);
+
+    window.controller->saveCurrentItemQuietly();
+
+    letEventsCome();
+    QVERIFY(window.alerts.isEmpty());
+    window.notebook.showSection(u"Livre"_s);
+    QCOMPARE(window.notebook.read(u"Livre/01 - A.md"_s), u"un"_s);
 }
 
 void PLTitleEditingTest::aTagTypedJustBeforeDoesNotEndTheTyping()

@@ -143,9 +143,10 @@ void PLSidebarView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditH
         Q_EMIT titleFieldLeft();
 }
 
+/// Whatever the desktop's theme is, also for the scroll bar.
 void PLSidebarView::applyColors()
 {
-    QPalette colors = palette();
+    QPalette colors(PLTheme::coverColor(), PLTheme::coverColor());
     colors.setColor(QPalette::Base, PLTheme::coverColor());
     colors.setColor(QPalette::Window, PLTheme::coverColor());
     colors.setColor(QPalette::Text, PLTheme::inkColor());

@@ -11,6 +11,8 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMenu>
+#include <QScopeGuard>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QToolTip>
@@ -46,6 +48,7 @@ private Q_SLOTS:
     void aDoubleClickGoesToTheText();
     void aDoubleClickOnASectionDoesNot();
     void aScreenReaderHearsTheRows();
+    void aDarkDesktopChangesNothing();
 
 private:
     PLSidebarView *view() const { return m_window->sidebar().view(); }
@@ -379,6 +382,24 @@ void PLSidebarViewTest::aScreenReaderHearsTheRows()
     QVERIFY(heard.contains(u"TAGS, 2"_s));
     QVERIFY(heard.contains(u"mer, 2"_s));
     QVERIFY(heard.contains(u"Lieux"_s));
+}
+
+/// Neither its rows nor its scroll bar: the sidebar has the colours of paper and ink.
+void PLSidebarViewTest::aDarkDesktopChangesNothing()
+{
+    constexpr int moreThanInSight = 60;
+    for (int page = 0; page < moreThanInSight; ++page)
+        m_window->notebook.write(u"Notes/%1.md"_s.arg(page), u"---\ntags: mer\n---\n"_s);
+    m_window->controller->refreshSidebar();
+    QTRY_VERIFY(view()->verticalScrollBar()->isVisible());
+    const QImage onLight = view()->grab().toImage();
+
+    const QPalette light = QApplication::palette();
+    const auto restored = qScopeGuard([&] { QApplication::setPalette(light); });
+    QApplication::setPalette(QPalette(QColor(40, 40, 44), QColor(30, 30, 32)));
+    QApplication::processEvents();
+
+    QCOMPARE(view()->grab().toImage(), onLight);
 }
 
 QTEST_MAIN(PLSidebarViewTest)

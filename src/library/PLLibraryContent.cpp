@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,7 @@ constexpr QSize openSize(106, 32);
 constexpr int openFromRight = 122;
 constexpr QRgb headerColor = 0xFFF6E6C8;
 constexpr QRgb woodColor = 0xFF5C3820;
+constexpr QRgb plankColor = 0xFF8C5C34;
 
 void setColor(QWidget &widget, QPalette::ColorRole role, QRgb color)
 {
@@ -66,6 +68,7 @@ void PLLibraryContent::buildShelf()
     m_scrollView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scrollView->setFocusPolicy(Qt::NoFocus);
     setColor(*m_scrollView->viewport(), QPalette::Window, woodColor);
+    m_scrollView->verticalScrollBar()->setPalette(QPalette(QColor(plankColor), QColor(woodColor)));
     m_shelfView = new PLShelfView;
     m_shelfView->setEmptyMessage(PLLocalizedString(
         u"Votre bibliothèque est vide.\nCréez un premier carnet pour commencer à écrire."_s));

@@ -12,8 +12,10 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -45,6 +47,7 @@ private Q_SLOTS:
     void thePartsKeepTheirPlaces_data();
     void thePartsKeepTheirPlaces();
     void aNarrowerWindowFlowsTheBooksAnew();
+    void aDarkDesktopChangesNothing();
     void theFrameIsRemembered();
     void anEmptyLibraryHasNothingToOpen();
     void booksAreInTheOrderOfTheList();
@@ -165,6 +168,27 @@ void PLLibraryWindowControllerTest::aNarrowerWindowFlowsTheBooksAnew()
     QTRY_COMPARE(library.shelfView()->rectForBookAtIndex(3).y(), 30 + 250);
     library.window()->resize(1100, 640);
     QTRY_COMPARE(library.shelfView()->shelfLayout().rows, 1);
+}
+
+/// The library is of wood, its scroll bar too.
+void PLLibraryWindowControllerTest::aDarkDesktopChangesNothing()
+{
+    std::vector<std::unique_ptr<PLTestNotebook>> notebooks;
+    for (int count = 0; count < 6; ++count) {
+        notebooks.push_back(std::make_unique<PLTestNotebook>());
+        PLRecentProjects::addURL(notebooks.back()->url());
+    }
+    PLLibraryWindowController library(m_delegate);
+    library.showWindow();
+    library.window()->resize(560, 440);
+    QTRY_VERIFY(library.content()->findChild<QScrollArea *>()->verticalScrollBar()->isVisible());
+    const QImage onLight = library.content()->grab().toImage();
+
+    const auto restored = qScopeGuard([light = QApplication::palette()] { QApplication::setPalette(light); });
+    QApplication::setPalette(QPalette(QColor(40, 40, 44), QColor(30, 30, 32)));
+    QApplication::processEvents();
+
+    QCOMPARE(library.content()->grab().toImage(), onLight);
 }
 
 void PLLibraryWindowControllerTest::theFrameIsRemembered()

@@ -104,7 +104,7 @@ void checkAdding(const QString &path)
 /// What no folder's path can be: the toolkit's ini files do not give all such texts back.
 bool holdsNoPath(const QStringList &texts)
 {
-    return std::any_of(texts.begin(), texts.end(), [](const QString &text) {
+    return !canBeWritten(texts) || std::any_of(texts.begin(), texts.end(), [](const QString &text) {
         return text.contains(QChar(QChar::Null)) || text.contains(QChar(QChar::ReplacementCharacter));
     });
 }

@@ -192,6 +192,16 @@ void openByKey(QMenuBar *bar)
                      [bar] { bar->setActiveAction(bar->actions().constFirst()); });
 }
 
+/// Whether holding its key down means doing it again and again.
+bool isRepeated(PLCommand command, int tag)
+{
+    constexpr int next = 2;
+    constexpr int previous = 3;
+    const bool isSearch = command == PLCommand::PerformFindPanelAction && (tag == next || tag == previous);
+    return isSearch || command == PLCommand::Undo || command == PLCommand::Redo ||
+           command == PLCommand::Paste;
+}
+
 } // namespace
 
 void PLInstallMainMenu(QMainWindow &window)
@@ -237,6 +247,7 @@ QAction *PLAddItem(QMenu *menu, const QString &title, PLCommand command, int tag
     QAction *action = menu->addAction(title);
     action->setData(QPoint(int(command), tag));
     action->setMenuRole(QAction::NoRole);
+    action->setAutoRepeat(isRepeated(command, tag));
     if (!keys.isEmpty())
         action->setShortcut(keys);
     QObject::connect(action, &QAction::triggered, action,

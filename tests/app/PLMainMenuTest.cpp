@@ -176,6 +176,7 @@ private Q_SLOTS:
     void anOpenMenuShowsHowItsCommandsStand();
     void aClosedMenuRefusesNoShortcut();
     void everyItemHasACommandOfItsOwn();
+    void aKeyHeldDownRepeatsNoMoreThanItShould();
     void anEmptySubmenuIsDisabled();
 };
 
@@ -345,6 +346,22 @@ void PLMainMenuTest::everyItemHasACommandOfItsOwn()
 }
 
 /// Services are another desktop's; the item stays in its place.
+/// Step after step of undoing, but not page after page or window after window.
+void PLMainMenuTest::aKeyHeldDownRepeatsNoMoreThanItShould()
+{
+    m_environment->setLanguage(u"fr"_s);
+    PLWindow window(nullptr);
+    PLInstallMainMenu(window);
+    QList<std::pair<int, QAction *>> items;
+    collectItems(window.menuBar()->actions(), items);
+    QStringList repeated;
+    for (const auto &[level, action] : items) {
+        if (action->autoRepeat() && !action->shortcut().isEmpty())
+            repeated.append(action->text());
+    }
+    QCOMPARE(repeated, QStringList({u"Annuler"_s, u"Rétablir"_s, u"Coller"_s, u"Suivant"_s, u"Précédent"_s}));
+}
+
 void PLMainMenuTest::anEmptySubmenuIsDisabled()
 {
     PLWindow window(nullptr);

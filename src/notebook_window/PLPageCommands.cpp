@@ -145,7 +145,7 @@ void PLPageCommands::endTitleEditing(PLProjectItemPointer item, const QString &t
 {
     const QString title = PLTrimmedSpacesAndNewlines(typedTitle).toString();
     if (title.isEmpty() || title == item->title())
-        return focusTextIfEditing(item);
+        return goOnInText(item);
     const bool isCurrent = item->isSameFileAsItem(m_parts.session.currentItem().get());
     if (isCurrent && !m_parts.session.saveCurrentItem(failure))
         return;
@@ -160,6 +160,15 @@ void PLPageCommands::endTitleEditing(PLProjectItemPointer item, const QString &t
     Q_EMIT currentItemRenamed();
     m_renamedItem = item;
     QMetaObject::invokeMethod(this, &PLPageCommands::finishRename, Qt::QueuedConnection);
+}
+
+/// But not if the writer, who has ended the title by a click, is somewhere else already.
+void PLPageCommands::goOnInText(const PLProjectItemPointer &item) const
+{
+    const QWidget *focus = m_parts.window.focusWidget();
+    const QWidget *sidebar = m_parts.sidebar.view();
+    if (!focus || focus == sidebar || sidebar->isAncestorOf(focus))
+        focusTextIfEditing(item);
 }
 
 void PLPageCommands::focusTextIfEditing(const PLProjectItemPointer &item) const
@@ -199,6 +208,11 @@ void PLPageCommands::finishRename()
     const PLProjectItemPointer item = std::exchange(m_renamedItem, nullptr);
     if (!item)
         return;
+    const PLProjectItemPointer selected = selectedItem();
+    if (!selected || !item->isSameFileAsItem(selected.get())) {
+        const PLProjectItemPointer current = m_parts.session.currentItem();
+        return m_parts.sidebar.refreshSidebar(current ? current->fileURL() : QUrl());
+    }
     m_parts.sidebar.reloadSidebarSelectingURL(item->fileURL(), PLSection::None);
-    focusTextIfEditing(item);
+    goOnInText(item);
 }

@@ -69,6 +69,7 @@ private:
     PLProjectItemPointer selectedItem() const;
     QUrl locationOfNode(const PLSidebarNode *node) const;
     bool confirmTrash(const PLProjectItem &item) const;
+    void goOnInText(const PLProjectItemPointer &item) const;
     void finishRename();
 
     Parts m_parts;

@@ -247,8 +247,10 @@ void PLProjectWindowController::connectTagField()
     m_tagCompletion = std::make_unique<PLTagCompletion>([this] { return m_sidebar->allTags(); });
     field->setDelegate(m_tagCompletion.get());
     connect(field, &PLTagField::textDidChange, m_session.get(), &PLPageSession::contentDidChange);
-    connect(m_tagCompletion.get(), &PLTagCompletion::tagsAdded, m_session.get(),
-            &PLPageSession::contentDidChange);
+    connect(m_tagCompletion.get(), &PLTagCompletion::tagsAdded, m_session.get(), [this] {
+        if (m_session->haveTagsChanged()) // told late: they may be saved, and another page open
+            m_session->contentDidChange();
+    });
     connect(field, &PLTagField::didEndEditing, this, &PLProjectWindowController::tagsDidChange);
 }
 

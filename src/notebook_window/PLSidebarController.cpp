@@ -8,6 +8,8 @@
 #include "notebook_window/PLSidebarView.h"
 #include "storage/PLProject.h"
 
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -32,6 +34,8 @@ PLSidebarController::PLSidebarController(const PLProject &project, QObject *pare
     });
     connect(m_rowDelegate, &PLSidebarRowDelegate::editingBegan, this,
             &PLSidebarController::titleEditingBegan);
+    connect(m_rowDelegate, &QAbstractItemDelegate::closeEditor, this,
+            &PLSidebarController::titleEditingEnded);
     connect(m_rowDelegate, &PLSidebarRowDelegate::editingEnded, this,
             &PLSidebarController::titleEditingEnded);
     connect(m_rowDelegate, &PLSidebarRowDelegate::titleTyped, this,
@@ -131,6 +135,7 @@ void PLSidebarController::commitTitle()
 std::pair<PLProjectItemPointer, QString> PLSidebarController::takeTitle()
 {
     closeTitleField();
+    QMetaObject::invokeMethod(this, &PLSidebarController::nameEditingEnded, Qt::QueuedConnection);
     return {std::exchange(m_typedItem, nullptr), m_typedTitle};
 }
 
@@ -139,6 +144,7 @@ void PLSidebarController::closeTitleField()
     QLineEdit *field = std::exchange(m_titleField, nullptr);
     if (!field)
         return;
+    QGuiApplication::inputMethod()->commit();
     m_typedItem = std::exchange(m_titleItem, nullptr);
     m_typedTitle = field->text();
     Q_EMIT m_rowDelegate->closeEditor(field);
@@ -203,12 +209,13 @@ void PLSidebarController::tellTypedTitle()
     Q_EMIT nameEditingEnded();
 }
 
-/// Escape leaves the field without a word to the model, so the end of the editor is what is waited for.
+/// Without a word to the model before: Escape has closed the field, or its row has gone and it with it. Told
+/// later, for the view is still closing it.
 void PLSidebarController::titleEditingEnded(const QObject *field)
 {
     if (field != m_titleField)
         return;
     m_titleField = nullptr;
     m_titleItem = nullptr;
-    Q_EMIT nameEditingEnded();
+    QMetaObject::invokeMethod(this, &PLSidebarController::nameEditingEnded, Qt::QueuedConnection);
 }

@@ -7,6 +7,8 @@
 #include "theme/PLTheme.h"
 
 #include <QFocusEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -169,17 +171,23 @@ void PLSidebarRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOpt
     editor->setGeometry(cellOf(option.rect));
 }
 
+void PLSidebarRowDelegate::endTyping(QWidget *field)
+{
+    QGuiApplication::inputMethod()->commit();
+    Q_EMIT commitData(field);
+    Q_EMIT closeEditor(field);
+}
+
 /// A title waits for the writer who looks something up in another window, or opens a menu. Return closes its
 /// field at once; by itself the toolkit waits for the event loop, and the field takes the keys that come
 /// before.
 bool PLSidebarRowDelegate::eventFilter(QObject *field, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            auto *widget = qobject_cast<QWidget *>(field);
-            Q_EMIT commitData(widget);
-            Q_EMIT closeEditor(widget);
+        const auto *pressed = static_cast<QKeyEvent *>(event);
+        if (pressed->key() == Qt::Key_Return || pressed->key() == Qt::Key_Enter) {
+            if (!pressed->isAutoRepeat()) // of the Return that has opened the field
+                endTyping(qobject_cast<QWidget *>(field));
             return true;
         }
     }

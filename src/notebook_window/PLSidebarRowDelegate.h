@@ -39,4 +39,7 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *field, QEvent *event) override;
+
+private:
+    void endTyping(QWidget *field);
 };

@@ -72,7 +72,12 @@ void PLSidebarView::keyPressEvent(QKeyEvent *event)
     // What the field of a title has no use for is not for the rows.
     if (state() == EditingState)
         return event->ignore();
-    switch (event->key()) {
+    const int key = event->key();
+    const bool isCommand = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2 ||
+                           key == Qt::Key_Delete || key == Qt::Key_Backspace;
+    if (isCommand && event->isAutoRepeat())
+        return; // held down, perhaps since another window had the keys
+    switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_F2:

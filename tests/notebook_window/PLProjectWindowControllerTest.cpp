@@ -53,6 +53,7 @@ private Q_SLOTS:
     void aRefreshDoesNotScrollTheList();
     void pagesFromOutsideAppearWhenTheWindowBecomesKey();
     void aTypedTagIsSavedAndListed();
+    void aTagLeftForAnotherPageChangesThatOneNot();
     void closingAsksIfThePageCannotBeSaved();
     void aKeyGoesFromTheTextToTheSidebarAndBack();
     void theWindowHasItsSizes();
@@ -376,6 +377,24 @@ void PLProjectWindowControllerTest::aTypedTagIsSavedAndListed()
     QTRY_COMPARE(window.notebook.read(u"Livre/1 - A.md"_s), page(u"Été, Bal"_s, u"un"_s));
     QTRY_COMPARE(window.sidebar().allTags(), QStringList({u"Bal"_s, u"Été"_s}));
     QCOMPARE(window.selectedText(), u"A"_s);
+}
+
+void PLProjectWindowControllerTest::aTagLeftForAnotherPageChangesThatOneNot()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/02 - B.md"_s, u"deux"_s);
+    window.open();
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+    window.editor()->tagField()->setFocus();
+    QTest::keyClicks(window.editor()->tagField(), u"bal"_s);
+
+    window.sidebar().view()->setFocus(Qt::MouseFocusReason); // as a click on a row does first
+    window.select(u"Livre/02 - B.md"_s);
+    QTest::qWait(50);
+
+    QVERIFY(!window.session().isDirty());
+    QCOMPARE(window.notebook.read(u"Livre/01 - A.md"_s), u"---\ntags: bal\n---\n\nun"_s);
 }
 
 void PLProjectWindowControllerTest::closingAsksIfThePageCannotBeSaved()

@@ -38,6 +38,12 @@ private Q_SLOTS:
     void aTitleIsKeptWhenTheProgramMustEnd_data();
     void aTitleIsKeptWhenTheProgramMustEnd();
     void aFailedRenameHoldsNoEndUp();
+    void aTitleGivenUpStaysGivenUp_data();
+    void aTitleGivenUpStaysGivenUp();
+    void whoClicksInTheTagsTypesThere_data();
+    void whoClicksInTheTagsTypesThere();
+    void whoClicksOnAnotherPageStaysThere();
+    void aKeyHeldDownOpensATitleAndNoMore();
     void aTagTypedJustBeforeDoesNotEndTheTyping();
     void theAlertOfAFailedRenameIsShownOverTheRow_data();
     void theAlertOfAFailedRenameIsShownOverTheRow();
@@ -387,6 +393,98 @@ void PLTitleEditingTest::aFailedRenameHoldsNoEndUp()
     QVERIFY(window.alerts.isEmpty());
     window.notebook.showSection(u"Livre"_s);
     QCOMPARE(window.notebook.read(u"Livre/01 - A.md"_s), u"un"_s);
+}
+
+void PLTitleEditingTest::aTitleGivenUpStaysGivenUp_data()
+{
+    QTest::addColumn<bool>("isQuiet");
+    QTest::newRow("at a save") << false;
+    QTest::newRow("at the end of the session") << true;
+}
+
+void PLTitleEditingTest::aTitleGivenUpStaysGivenUp()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(bool, isQuiet);
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    QTest::keyClick(window.titleField(), Qt::Key_Escape);
+
+    const bool isSaved =
+        isQuiet ? window.controller->saveCurrentItemQuietly() : window.controller->saveCurrentItem();
+
+    QVERIFY(isSaved);
+    letEventsCome();
+    QVERIFY(window.notebook.exists(u"Livre/01 - A.md"_s));
+    QVERIFY(!window.sidebar().isEditingName());
+}
+
+void PLTitleEditingTest::whoClicksInTheTagsTypesThere_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("a new title") << u"Bal"_s << u"Livre/01 - Bal.md"_s;
+    QTest::newRow("the same title") << u"A"_s << u"Livre/01 - A.md"_s;
+}
+
+void PLTitleEditingTest::whoClicksInTheTagsTypesThere()
+{
+    PLNotebookWindowFixture window;
+    QFETCH(QString, typed);
+    QFETCH(QString, file);
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), typed);
+
+    window.editor()->tagField()->setFocus(Qt::MouseFocusReason);
+    letEventsCome();
+
+    QVERIFY(window.notebook.exists(file));
+    QCOMPARE(window.selectedText(), typed);
+    QCOMPARE(window.controller->window()->focusWidget(), window.editor()->tagField());
+}
+
+void PLTitleEditingTest::whoClicksOnAnotherPageStaysThere()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.notebook.write(u"Livre/02 - B.md"_s, u"deux"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    PLSidebarView *view = window.sidebar().view();
+    const QModelIndex other = view->model()->index(1, 0, view->model()->index(0, 0));
+
+    view->setFocus(Qt::MouseFocusReason); // as a real press does first
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(other).center());
+    letEventsCome();
+
+    QVERIFY(window.notebook.exists(u"Livre/01 - Bal.md"_s));
+    QCOMPARE(window.selectedText(), u"B"_s);
+    QCOMPARE(window.textView()->pageText(), u"deux"_s);
+    QCOMPARE(window.controller->window()->focusWidget(), view);
+    QCOMPARE(PLSidebarText(*window.sidebar().tree().section(PLSection::Book)->children().front()), u"Bal"_s);
+}
+
+void PLTitleEditingTest::aKeyHeldDownOpensATitleAndNoMore()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+    window.sidebar().view()->setFocus();
+
+    for (const bool isRepeat : {false, true, true, true}) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, {}, u"\r"_s, isRepeat);
+        QApplication::sendEvent(window.controller->window()->focusWidget(), &event);
+    }
+    letEventsCome();
+
+    QVERIFY(window.titleField());
+    QCOMPARE(window.textView()->pageText(), u"un"_s);
 }
 
 void PLTitleEditingTest::aTagTypedJustBeforeDoesNotEndTheTyping()

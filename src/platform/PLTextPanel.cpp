@@ -3,15 +3,20 @@
 
 #include "platform/PLTextPanel.h"
 
+#include "platform/PLKeyHandover.h"
 #include "platform/PLWindow.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QTimer>
+
+#include <utility>
 
 namespace {
 
 constexpr int cornerDistance = 24;
+constexpr int longestLeave = 250; // milliseconds
 
 } // namespace
 
@@ -28,7 +33,7 @@ std::optional<PLCommandState> PLTextPanel::stateOfCommand(PLCommand command, int
 void PLTextPanel::performCommand(PLCommand command, int tag)
 {
     if (command == PLCommand::PerformClose) {
-        close();
+        leave();
         return;
     }
     if (PLCommandHandler *handler = nextHandler(command, tag))
@@ -37,6 +42,7 @@ void PLTextPanel::performCommand(PLCommand command, int tag)
 
 void PLTextPanel::present(bool takesFocus)
 {
+    m_isLeaving = false;
     setAttribute(Qt::WA_ShowWithoutActivating, !takesFocus);
     if (!m_isPlaced)
         place();
@@ -46,13 +52,15 @@ void PLTextPanel::present(bool takesFocus)
         return;
     activateWindow();
     firstField()->setFocus();
+    if (!isActiveWindow())
+        PLKeyHandover::begin(parentWidget(), this);
 }
 
 void PLTextPanel::keyPressEvent(QKeyEvent *event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape) {
-        close();
+        leave();
     } else if (auto *button = qobject_cast<QPushButton *>(focusWidget()); isReturn && button) {
         button->click();
     } else if (isReturn) {
@@ -62,10 +70,42 @@ void PLTextPanel::keyPressEvent(QKeyEvent *event)
     }
 }
 
+/// The panel goes when the text's window has the keyboard; before, the window manager would leave it to
+/// nobody for a moment.
+void PLTextPanel::leave()
+{
+    if (!isActiveWindow()) {
+        close();
+        return;
+    }
+    if (std::exchange(m_isLeaving, true))
+        return;
+    giveKeyboardBack();
+    QTimer::singleShot(longestLeave, this, [this] {
+        if (m_isLeaving)
+            close();
+    });
+}
+
+void PLTextPanel::giveKeyboardBack()
+{
+    m_target->takeFocus();
+    PLKeyHandover::begin(this, parentWidget());
+}
+
+bool PLTextPanel::event(QEvent *event)
+{
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::WindowDeactivate && m_isLeaving)
+        close();
+    return isHandled;
+}
+
 void PLTextPanel::closeEvent(QCloseEvent *event)
 {
     event->accept();
-    m_target->takeFocus();
+    if (!std::exchange(m_isLeaving, false))
+        giveKeyboardBack();
     Q_EMIT didClose();
 }
 

@@ -37,15 +37,19 @@ protected:
     virtual void performDefault(bool withShift) = 0;
     virtual QWidget *firstField() const = 0;
 
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
     PLTextTarget *target() const { return m_target; }
 
 private:
+    void leave();
+    void giveKeyboardBack();
     PLCommandHandler *nextHandler(PLCommand command, int tag) const;
     void place();
 
     PLTextTarget *m_target;
     bool m_isPlaced = false;
+    bool m_isLeaving = false; ///< as soon as the text's window has the keyboard
 };

@@ -7,6 +7,7 @@
 #include "editor/PLTextMarks.h"
 #include "support/PLTestEnvironment.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -39,6 +40,10 @@ private Q_SLOTS:
     void marksFollowTheTextAndGoWithThePanel();
     void marksAreNoChange();
     void escapeGivesTheTextTheKeyboard();
+    void whatIsTypedWhileThePanelAppearsIsForThePanel();
+    void whatIsTypedBehindEscapeIsForTheText();
+    void theTextKeepsItsKeysWhenThePanelDoesNotGetThem();
+    void aClickIntoTheTextTakesTheKeysBack();
     void anotherPageIsSearchedInstead();
     void commandsGoOnToTheTextFromThePanel();
     void theControllerMayGoBeforeTheView();
@@ -242,11 +247,12 @@ void PLFindControllerTest::marksFollowTheTextAndGoWithThePanel()
     controller.performCommand(PLCommand::PerformFindPanelAction, Controller::ShowFindPanel);
     QCOMPARE(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match), (QList<PLTextRange>{{3, 3}}));
 
+    QTRY_COMPARE(QApplication::activeWindow(), controller.panel());
     QTest::keyClicks(&view, u"mot "_s);
     QTRY_COMPARE(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match), (QList<PLTextRange>{{0, 3}, {7, 3}}));
 
     QTest::keyClick(controller.panel()->focusWidget(), Qt::Key_Escape);
-    QVERIFY(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match).isEmpty());
+    QTRY_VERIFY(PLTextMarks::of(view).marks(PLTextMarks::Kind::Match).isEmpty());
 }
 
 void PLFindControllerTest::marksAreNoChange()
@@ -281,12 +287,84 @@ void PLFindControllerTest::escapeGivesTheTextTheKeyboard()
     Controller controller(&view);
     controller.performCommand(PLCommand::PerformFindPanelAction, Controller::ShowFindPanel);
     other.setFocus();
-    QVERIFY(QTest::qWaitForWindowActive(controller.panel()));
+    QTRY_COMPARE(QApplication::activeWindow(), controller.panel());
 
     QTest::keyClick(controller.panel()->focusWidget(), Qt::Key_Escape);
 
     QTRY_VERIFY(view.hasFocus());
     QVERIFY(window.isActiveWindow());
+}
+
+/// The window manager gives a new window the keyboard some time after it is shown.
+void PLFindControllerTest::whatIsTypedWhileThePanelAppearsIsForThePanel()
+{
+    PLPageTextView view;
+    view.setPageText(u"un deux"_s);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    view.selectAll();
+    Controller controller(&view);
+
+    controller.performCommand(PLCommand::PerformFindPanelAction, 1);
+    QTest::keyClicks(&view, u"mer"_s);
+    QTest::keyClick(&view, Qt::Key_Backspace);
+
+    auto *field = controller.panel()->findChild<QLineEdit *>();
+    QCOMPARE(field->text(), u"me"_s);
+    QCOMPARE(view.pageText(), u"un deux"_s);
+    QTRY_COMPARE(QApplication::activeWindow(), controller.panel());
+    view.activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), &view);
+    QTest::keyClicks(&view, u"x"_s); // once it has had the keyboard, the text's keys are the text's
+    QCOMPARE(view.pageText(), u"x"_s);
+    QCOMPARE(field->text(), u"me"_s);
+}
+
+void PLFindControllerTest::whatIsTypedBehindEscapeIsForTheText()
+{
+    PLPageTextView view;
+    view.show();
+    Controller controller(&view);
+    controller.performCommand(PLCommand::PerformFindPanelAction, 1);
+    QTRY_COMPARE(QApplication::activeWindow(), controller.panel());
+    auto *field = controller.panel()->findChild<QLineEdit *>();
+    QTest::keyClicks(field, u"mer"_s);
+
+    QTest::keyClick(field, Qt::Key_Escape);
+    QTest::keyClicks(field, u"Il"_s); // the panel's window has got these already
+
+    QCOMPARE(view.pageText(), u"Il"_s);
+    QCOMPARE(field->text(), u"mer"_s);
+    QTRY_COMPARE(QApplication::activeWindow(), &view);
+    QTRY_VERIFY(!controller.panel()->isVisible());
+}
+
+void PLFindControllerTest::theTextKeepsItsKeysWhenThePanelDoesNotGetThem()
+{
+    PLPageTextView view;
+    view.show();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    Controller controller(&view);
+
+    controller.performCommand(PLCommand::PerformFindPanelAction, 1);
+    controller.panel()->close();
+    QTest::keyClicks(&view, u"Il"_s);
+
+    QCOMPARE(view.pageText(), u"Il"_s);
+}
+
+void PLFindControllerTest::aClickIntoTheTextTakesTheKeysBack()
+{
+    PLPageTextView view;
+    view.show();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    Controller controller(&view);
+
+    controller.performCommand(PLCommand::PerformFindPanelAction, 1);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton);
+    QTest::keyClicks(&view, u"Il"_s);
+
+    QCOMPARE(view.pageText(), u"Il"_s);
 }
 
 void PLFindControllerTest::anotherPageIsSearchedInstead()
@@ -310,7 +388,7 @@ void PLFindControllerTest::commandsGoOnToTheTextFromThePanel()
     QTest::keyClicks(&view, u"mot"_s);
     Controller controller(&view);
     controller.performCommand(PLCommand::PerformFindPanelAction, Controller::ShowFindPanel);
-    QVERIFY(QTest::qWaitForWindowActive(controller.panel()));
+    QTRY_COMPARE(QApplication::activeWindow(), controller.panel());
 
     QVERIFY(!PLCommandChain::state(PLCommand::Undo).enabled); // the field's own
     controller.panel()->findChild<QCheckBox *>()->setFocus();

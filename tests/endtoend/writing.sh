@@ -103,6 +103,18 @@ a_new_chapter_is_titled_then_written() {
     expect_bytes "$notebook/Livre/04 - Le phare.md" "$work/expected"
 }
 
+# The window manager takes its time to give a window the keyboard; nobody who types waits for it.
+the_find_panel_takes_all_that_is_typed_behind_its_key() {
+    press shift+End
+    xdotool key --delay 0 ctrl+f c h a p
+    expect_title "Rechercher"
+    press Return
+    xdotool key --delay 0 Escape z u t
+    expect_title "Le phare — Le phare*"
+    printf 'Nuit. # zutitre 4\n\n' >"$work/expected"
+    expect_bytes "$notebook/Livre/04 - Le phare.md" "$work/expected"
+}
+
 a_page_goes_to_the_trash() {
     local page="$notebook/Livre/04 - Le phare.md" info="$work/data/Trash/info/04 - Le phare.md.trashinfo"
     press F6 Delete
@@ -139,6 +151,7 @@ escape_keeps_the_title
 a_title_left_as_it_was_renames_nothing
 tab_ends_a_title_too
 a_new_chapter_is_titled_then_written
+the_find_panel_takes_all_that_is_typed_behind_its_key
 a_page_goes_to_the_trash
 quitting_ends_well
 said_nothing

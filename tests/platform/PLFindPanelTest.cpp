@@ -393,7 +393,7 @@ void PLFindPanelTest::closeClosesThePanelAlone()
 
     PLCommandChain::perform(PLCommand::PerformClose);
 
-    QVERIFY(!panel.isVisible());
+    QTRY_VERIFY(!panel.isVisible());
     QVERIFY(view.isVisible());
 }
 

@@ -218,8 +218,8 @@ void PLProjectWindowController::connectSidebar()
                 commands->endTitleEditing(item, title);
             });
     connect(sidebar, &PLSidebarController::nameEditingEnded, this, [this] {
-        if (std::exchange(m_refreshIsDue, false))
-            refreshSidebar();
+        if (m_refreshIsDue)
+            refreshWhenNoTitleIsTyped();
     });
     connect(view, &PLSidebarView::titleFieldLeft, commands, [=] {
         if (const PLProjectItemPointer item = PLItemOfNode(sidebar->selectedNode()))

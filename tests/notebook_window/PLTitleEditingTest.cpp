@@ -45,6 +45,7 @@ private Q_SLOTS:
     void whoClicksOnAnotherPageStaysThere();
     void aKeyHeldDownOpensATitleAndNoMore();
     void aTagTypedJustBeforeDoesNotEndTheTyping();
+    void aListThatWaitsForATitleWaitsForTheNextOneToo();
     void theAlertOfAFailedRenameIsShownOverTheRow_data();
     void theAlertOfAFailedRenameIsShownOverTheRow();
 };
@@ -503,6 +504,26 @@ void PLTitleEditingTest::aTagTypedJustBeforeDoesNotEndTheTyping()
     QTest::keyClick(window.titleField(), Qt::Key_Return);
 
     QTRY_COMPARE(window.notebook.read(u"Livre/01 - B.md"_s), u"---\ntags: bal\n---\n\nun"_s);
+    QTRY_COMPARE(window.sidebar().allTags(), QStringList{u"bal"_s});
+}
+
+void PLTitleEditingTest::aListThatWaitsForATitleWaitsForTheNextOneToo()
+{
+    PLNotebookWindowFixture window;
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    QVERIFY(QTest::qWaitForWindowActive(window.controller->window()));
+    window.editor()->tagField()->setFocus();
+    QTest::keyClicks(window.editor()->tagField(), u"bal"_s);
+    window.controller->performCommand(PLCommand::RenameSelectedItem, 0);
+    letEventsCome(); // the tags that are saved here are to be listed
+
+    QTest::keyClick(window.titleField(), Qt::Key_Escape);
+    window.controller->performCommand(PLCommand::RenameSelectedItem, 0);
+    letEventsCome();
+
+    QVERIFY(window.titleField());
+    QTest::keyClick(window.titleField(), Qt::Key_Escape);
     QTRY_COMPARE(window.sidebar().allTags(), QStringList{u"bal"_s});
 }
 

@@ -269,6 +269,7 @@ void PLProjectWindowController::selectionChanged()
         return openSelectedItem(item);
     m_session->saveCurrentItem();
     m_session->closeItem();
+    m_failedURL.clear();
     const PLSidebarNode *node = m_sidebar->selectedNode(); // an alert may have let the list be read again
     if (node && node->kind() == PLSidebarNode::Kind::Tag)
         m_sidebar->expandNode(node);
@@ -288,7 +289,9 @@ void PLProjectWindowController::openSelectedItem(const PLProjectItemPointer &ite
     const bool opened = m_session->openItem(item, &error);
     showPlaceholder(!opened);
     updateWindowTitle();
-    if (!opened)
+    const QUrl failed = opened ? QUrl() : item->fileURL();
+    const bool isTold = std::exchange(m_failedURL, failed) == failed;
+    if (!opened && !isTold)
         PLAlert::presentError(error, m_window.get());
 }
 

@@ -90,5 +90,8 @@ private:
     PLPaperView *m_paperView = nullptr;
     PLEditorView *m_editorView = nullptr;
     QLabel *m_placeholderLabel = nullptr;
+    /// The page that is selected but could not be opened, which has been told: its alert gives the keyboard
+    /// back to this window, which then tries again.
+    QUrl m_failedURL;
     bool m_refreshIsDue = false; ///< when the title that is being typed is done
 };

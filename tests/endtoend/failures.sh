@@ -94,10 +94,23 @@ closing_anyway_drops_the_change() {
     ends_with 0
 }
 
+# One alert, however often the window gets the keyboard back; the other pages are there.
+a_page_too_large_is_told_once() {
+    press F6 Down
+    expect_alert "too large"
+    press Return
+    expect_title "Le phare"
+    press Up
+    expect_title "Le phare — Le départ"
+    press F6
+}
+
 make_notebook
+truncate -s 300M "$notebook/Livre/02 - La traversée.md"
 start "$notebook"
 expect_title "Le phare — Le départ"
 press F6
+a_page_too_large_is_told_once
 closing_asks_twice_and_stays
 the_text_is_saved_when_the_folder_is_back
 a_file_in_the_place_of_the_folder_is_no_different

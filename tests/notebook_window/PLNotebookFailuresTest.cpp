@@ -24,6 +24,7 @@ private Q_SLOTS:
     void aPageThatCannotBeMadeIsTold();
     void aPageThatCannotBeTrashedIsTold();
     void aPageThatCannotBeReadIsTold();
+    void aPageThatCannotBeReadIsToldOnce();
     void aFirstChapterThatCannotBeReadIsTold();
     void aPageThatIsNotSavedStaysWhenTheListIsGone();
     void onlyTheFirstOfTwoAlertsIsShown();
@@ -131,6 +132,29 @@ void PLNotebookFailuresTest::aPageThatCannotBeReadIsTold()
     QVERIFY(m_window->controller->placeholderLabel()->isVisible());
     QCOMPARE(m_window->controller->placeholderLabel()->text(), before);
     QCOMPARE(m_window->controller->window()->windowTitle(), u"Roman[*]"_s);
+}
+
+/// The alert itself gives the keyboard back to the window, which then follows the disk.
+void PLNotebookFailuresTest::aPageThatCannotBeReadIsToldOnce()
+{
+    const QString file = u"Personnages/Emma.md"_s;
+    QVERIFY(QFile::resize(m_window->notebook.path(file), PLLargestFileSize + 1));
+
+    m_window->select(file);
+    QCOMPARE(m_window->alerts.size(), 1);
+    m_window->controller->windowDidBecomeKey();
+    QCOMPARE(m_window->alerts.size(), 1);
+    QCOMPARE(m_window->selectedText(), u"Emma"_s);
+
+    m_window->select(u"Livre/01 - A.md"_s);
+    m_window->select(file); // the writer asks for it again
+    QCOMPARE(m_window->alerts.size(), 2);
+
+    m_window->notebook.write(file, u"trois"_s);
+    m_window->controller->windowDidBecomeKey();
+    QCOMPARE(m_window->textView()->pageText(), u"trois"_s);
+    QVERIFY(m_window->editor()->isVisible());
+    QCOMPARE(m_window->alerts.size(), 2);
 }
 
 void PLNotebookFailuresTest::aFirstChapterThatCannotBeReadIsTold()

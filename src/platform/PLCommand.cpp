@@ -3,6 +3,7 @@
 
 #include "platform/PLCommand.h"
 
+#include "platform/PLKeyHandover.h"
 #include "platform/PLWindow.h"
 
 #include <QApplication>
@@ -64,6 +65,8 @@ private:
 
 QWidget *commandWindow()
 {
+    if (QWidget *next = PLKeyHandover::target())
+        return next;
     if (QWidget *active = QApplication::activeWindow())
         return active;
     const QWidgetList windows = QApplication::topLevelWidgets();

@@ -4,6 +4,7 @@
 #include "platform/PLKeyHandover.h"
 
 #include <QApplication>
+#include <QInputMethod>
 #include <QTimer>
 
 #include <memory>
@@ -12,11 +13,25 @@ namespace {
 
 constexpr int longest = 1'000; // milliseconds
 
+QPointer<PLKeyHandover> &current()
+{
+    static QPointer<PLKeyHandover> handover;
+    return handover;
+}
+
 } // namespace
 
 void PLKeyHandover::begin(const QWidget *from, QWidget *to)
 {
-    new PLKeyHandover(from, to);
+    QGuiApplication::inputMethod()->commit(); // what is half composed belongs to the first window
+    if (current())
+        current()->end();
+    current() = new PLKeyHandover(from, to);
+}
+
+QWidget *PLKeyHandover::target()
+{
+    return current() ? current()->m_to->window() : nullptr;
 }
 
 PLKeyHandover::PLKeyHandover(const QWidget *from, QWidget *to) : QObject(to), m_from(from->window()), m_to(to)
@@ -63,5 +78,7 @@ bool PLKeyHandover::isOfFirstWindow(QObject *watched) const
 void PLKeyHandover::end()
 {
     QCoreApplication::instance()->removeEventFilter(this);
+    if (current() == this)
+        current().clear();
     deleteLater();
 }

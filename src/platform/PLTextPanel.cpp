@@ -6,12 +6,10 @@
 #include "platform/PLKeyHandover.h"
 #include "platform/PLWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QTimer>
-
-#include <utility>
 
 namespace {
 
@@ -20,7 +18,12 @@ constexpr int longestLeave = 250; // milliseconds
 
 } // namespace
 
-PLTextPanel::PLTextPanel(PLTextTarget *target, QWidget *view) : QWidget(view, Qt::Tool), m_target(target) {}
+PLTextPanel::PLTextPanel(PLTextTarget *target, QWidget *view) : QWidget(view, Qt::Tool), m_target(target)
+{
+    m_leaveTimer.setSingleShot(true);
+    m_leaveTimer.setInterval(longestLeave);
+    connect(&m_leaveTimer, &QTimer::timeout, this, &QWidget::close);
+}
 
 std::optional<PLCommandState> PLTextPanel::stateOfCommand(PLCommand command, int tag) const
 {
@@ -42,7 +45,8 @@ void PLTextPanel::performCommand(PLCommand command, int tag)
 
 void PLTextPanel::present(bool takesFocus)
 {
-    m_isLeaving = false;
+    const bool wasLeaving = m_leaveTimer.isActive();
+    m_leaveTimer.stop();
     setAttribute(Qt::WA_ShowWithoutActivating, !takesFocus);
     if (!m_isPlaced)
         place();
@@ -52,8 +56,10 @@ void PLTextPanel::present(bool takesFocus)
         return;
     activateWindow();
     firstField()->setFocus();
-    if (!isActiveWindow())
-        PLKeyHandover::begin(parentWidget(), this);
+    // The window manager may still be about to give the text the keyboard that the panel has.
+    const QWidget *active = QApplication::activeWindow();
+    if (wasLeaving || active != this)
+        PLKeyHandover::begin(wasLeaving || !active ? parentWidget() : active, this);
 }
 
 void PLTextPanel::keyPressEvent(QKeyEvent *event)
@@ -74,29 +80,25 @@ void PLTextPanel::keyPressEvent(QKeyEvent *event)
 /// nobody for a moment.
 void PLTextPanel::leave()
 {
-    if (!isActiveWindow()) {
+    if (QApplication::activeWindow() != this) {
         close();
-        return;
+    } else if (!m_leaveTimer.isActive()) {
+        m_leaveTimer.start();
+        giveKeyboardBack();
     }
-    if (std::exchange(m_isLeaving, true))
-        return;
-    giveKeyboardBack();
-    QTimer::singleShot(longestLeave, this, [this] {
-        if (m_isLeaving)
-            close();
-    });
 }
 
 void PLTextPanel::giveKeyboardBack()
 {
     m_target->takeFocus();
-    PLKeyHandover::begin(this, parentWidget());
+    if (QApplication::activeWindow() == this)
+        PLKeyHandover::begin(this, parentWidget());
 }
 
 bool PLTextPanel::event(QEvent *event)
 {
     const bool isHandled = QWidget::event(event);
-    if (event->type() == QEvent::WindowDeactivate && m_isLeaving)
+    if (event->type() == QEvent::WindowDeactivate && m_leaveTimer.isActive())
         close();
     return isHandled;
 }
@@ -104,8 +106,9 @@ bool PLTextPanel::event(QEvent *event)
 void PLTextPanel::closeEvent(QCloseEvent *event)
 {
     event->accept();
-    if (!std::exchange(m_isLeaving, false))
+    if (!m_leaveTimer.isActive())
         giveKeyboardBack();
+    m_leaveTimer.stop();
     Q_EMIT didClose();
 }
 

@@ -6,6 +6,7 @@
 #include "platform/PLCommand.h"
 #include "platform/PLTextTarget.h"
 
+#include <QTimer>
 #include <QWidget>
 
 class QLabel;
@@ -51,5 +52,5 @@ private:
 
     PLTextTarget *m_target;
     bool m_isPlaced = false;
-    bool m_isLeaving = false; ///< as soon as the text's window has the keyboard
+    QTimer m_leaveTimer; ///< runs until the text's window has the keyboard
 };

@@ -345,7 +345,6 @@ void PLMainMenuTest::everyItemHasACommandOfItsOwn()
     }
 }
 
-/// Services are another desktop's; the item stays in its place.
 /// Step after step of undoing, but not page after page or window after window.
 void PLMainMenuTest::aKeyHeldDownRepeatsNoMoreThanItShould()
 {
@@ -362,6 +361,7 @@ void PLMainMenuTest::aKeyHeldDownRepeatsNoMoreThanItShould()
     QCOMPARE(repeated, QStringList({u"Annuler"_s, u"Rétablir"_s, u"Coller"_s, u"Suivant"_s, u"Précédent"_s}));
 }
 
+/// Services are another desktop's; the item stays in its place.
 void PLMainMenuTest::anEmptySubmenuIsDisabled()
 {
     PLWindow window(nullptr);

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void whatIsTypedBehindEscapeIsForTheText();
     void theTextKeepsItsKeysWhenThePanelDoesNotGetThem();
     void aClickIntoTheTextTakesTheKeysBack();
+    void aPanelClosedAndOpenedAtOnceHasItsKeys_data();
+    void aPanelClosedAndOpenedAtOnceHasItsKeys();
     void anotherPageIsSearchedInstead();
     void commandsGoOnToTheTextFromThePanel();
     void theControllerMayGoBeforeTheView();
@@ -365,6 +367,44 @@ void PLFindControllerTest::aClickIntoTheTextTakesTheKeysBack()
     QTest::keyClicks(&view, u"Il"_s);
 
     QCOMPARE(view.pageText(), u"Il"_s);
+}
+
+void PLFindControllerTest::aPanelClosedAndOpenedAtOnceHasItsKeys_data()
+{
+    QTest::addColumn<bool>("isActiveBefore");
+    QTest::addColumn<bool>("isActiveAfter");
+    for (const bool isBefore : {false, true}) {
+        for (const bool isAfter : {false, true})
+            QTest::addRow("active %d, active %d", int(isBefore), int(isAfter)) << isBefore << isAfter;
+    }
+}
+
+/// Whether the window manager is quicker than the writer or not.
+void PLFindControllerTest::aPanelClosedAndOpenedAtOnceHasItsKeys()
+{
+    PLPageTextView view;
+    QFETCH(bool, isActiveBefore);
+    QFETCH(bool, isActiveAfter);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    Controller controller(&view);
+    controller.performCommand(PLCommand::PerformFindPanelAction, 1);
+    auto *field = controller.panel()->findChild<QLineEdit *>();
+    if (isActiveBefore)
+        QTRY_COMPARE(QApplication::activeWindow(), controller.panel());
+
+    QTest::keyClick(QApplication::activeWindow()->focusWidget(), Qt::Key_Escape);
+    controller.performCommand(PLCommand::PerformFindPanelAction, 1);
+    if (isActiveAfter) {
+        QTest::qWait(50);
+        QCOMPARE(QApplication::activeWindow(), controller.panel());
+        QTest::keyClicks(field, u"mer"_s);
+    } else {
+        QTest::keyClicks(&view, u"mer"_s);
+    }
+
+    QCOMPARE(field->text(), u"mer"_s);
+    QCOMPARE(view.pageText(), QString());
 }
 
 void PLFindControllerTest::anotherPageIsSearchedInstead()

@@ -375,7 +375,7 @@ void PLFindPanelTest::theShortcutsOfTheTextsWindowWorkInThePanel()
     PLTextTestTarget target(u"un"_s);
     PLFindPanel panel(&target, view);
     panel.showFind(false);
-    QVERIFY(QTest::qWaitForWindowActive(&panel));
+    QTRY_COMPARE(QApplication::activeWindow(), &panel);
 
     QTest::keyClick(panel.focusWidget(), Qt::Key_G, Qt::ControlModifier);
 
@@ -389,7 +389,7 @@ void PLFindPanelTest::closeClosesThePanelAlone()
     PLTextTestTarget target(u"un"_s);
     PLFindPanel panel(&target, &view);
     panel.showFind(false);
-    QVERIFY(QTest::qWaitForWindowActive(&panel));
+    QTRY_COMPARE(QApplication::activeWindow(), &panel);
 
     PLCommandChain::perform(PLCommand::PerformClose);
 

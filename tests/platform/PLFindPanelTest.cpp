@@ -43,6 +43,7 @@ private Q_SLOTS:
     void everyControlHasANameForScreenReaders();
     void theShortcutsOfTheTextsWindowWorkInThePanel();
     void closeClosesThePanelAlone();
+    void closeClosesThePanelAloneThoughItHasNoKeyboardYet();
 
 private:
     QLineEdit *field(PLFindPanel &panel, const QString &name) const;
@@ -390,6 +391,22 @@ void PLFindPanelTest::closeClosesThePanelAlone()
     PLFindPanel panel(&target, &view);
     panel.showFind(false);
     QTRY_COMPARE(QApplication::activeWindow(), &panel);
+
+    PLCommandChain::perform(PLCommand::PerformClose);
+
+    QTRY_VERIFY(!panel.isVisible());
+    QVERIFY(view.isVisible());
+}
+
+void PLFindPanelTest::closeClosesThePanelAloneThoughItHasNoKeyboardYet()
+{
+    QWidget view;
+    view.show();
+    QTRY_COMPARE(QApplication::activeWindow(), &view);
+    PLTextTestTarget target(u"un"_s);
+    PLFindPanel panel(&target, &view);
+    panel.showFind(false);
+    QCOMPARE(QApplication::activeWindow(), &view);
 
     PLCommandChain::perform(PLCommand::PerformClose);
 

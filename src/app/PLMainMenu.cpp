@@ -4,6 +4,7 @@
 #include "app/PLMainMenu.h"
 
 #include "app/PLWindowList.h"
+#include "editor/PLFindController.h"
 #include "i18n/PLLocalization.h"
 
 #include <QMainWindow>
@@ -195,9 +196,8 @@ void openByKey(QMenuBar *bar)
 /// Whether holding its key down means doing it again and again.
 bool isRepeated(PLCommand command, int tag)
 {
-    constexpr int next = 2;
-    constexpr int previous = 3;
-    const bool isSearch = command == PLCommand::PerformFindPanelAction && (tag == next || tag == previous);
+    const bool isSearch = command == PLCommand::PerformFindPanelAction &&
+                          (tag == PLFindController::FindNext || tag == PLFindController::FindPrevious);
     return isSearch || command == PLCommand::Undo || command == PLCommand::Redo ||
            command == PLCommand::Paste;
 }

@@ -153,13 +153,19 @@ void PLLibraryWindowControllerTest::thePartsKeepTheirPlaces()
     QCOMPARE(content.modeControl()->segment(1)->width(), 122);
 }
 
-void PLLibraryWindowControllerTest::aNarrowerWindowFlowsTheBooksAnew()
+static std::vector<std::unique_ptr<PLTestNotebook>> sixKnownNotebooks()
 {
     std::vector<std::unique_ptr<PLTestNotebook>> notebooks;
     for (int count = 0; count < 6; ++count) {
         notebooks.push_back(std::make_unique<PLTestNotebook>());
         PLRecentProjects::addURL(notebooks.back()->url());
     }
+    return notebooks;
+}
+
+void PLLibraryWindowControllerTest::aNarrowerWindowFlowsTheBooksAnew()
+{
+    const auto notebooks = sixKnownNotebooks();
     PLLibraryWindowController library(m_delegate);
     library.showWindow();
     QCOMPARE(library.shelfView()->shelfLayout().rows, 2);
@@ -173,11 +179,7 @@ void PLLibraryWindowControllerTest::aNarrowerWindowFlowsTheBooksAnew()
 /// The library is of wood, its scroll bar too.
 void PLLibraryWindowControllerTest::aDarkDesktopChangesNothing()
 {
-    std::vector<std::unique_ptr<PLTestNotebook>> notebooks;
-    for (int count = 0; count < 6; ++count) {
-        notebooks.push_back(std::make_unique<PLTestNotebook>());
-        PLRecentProjects::addURL(notebooks.back()->url());
-    }
+    const auto notebooks = sixKnownNotebooks();
     PLLibraryWindowController library(m_delegate);
     library.showWindow();
     library.window()->resize(560, 440);

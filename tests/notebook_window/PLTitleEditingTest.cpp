@@ -97,6 +97,15 @@ void beginTitle(const PLNotebookWindowFixture &window)
     QTRY_VERIFY(window.titleField()->hasFocus());
 }
 
+/// In a notebook of this page alone, with the text "un".
+void typeTitleOfA(PLNotebookWindowFixture &window, const QString &title)
+{
+    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
+    window.open();
+    beginTitle(window);
+    QTest::keyClicks(window.titleField(), title);
+}
+
 } // namespace
 
 void PLTitleEditingTest::anUnchangedTitleGivesTheTextTheFocus_data()
@@ -297,10 +306,7 @@ void PLTitleEditingTest::aTitleWaitsWhileAnotherWindowHasTheFocus()
 void PLTitleEditingTest::aTitleIsKeptWhenAnotherPageIsMade()
 {
     PLNotebookWindowFixture window;
-    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
-    window.open();
-    beginTitle(window);
-    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    typeTitleOfA(window, u"Bal"_s);
 
     window.controller->performCommand(PLCommand::NewCharacter, 0);
 
@@ -316,10 +322,7 @@ void PLTitleEditingTest::aTitleIsKeptWhenAnotherPageIsMade()
 void PLTitleEditingTest::aTitleIsKeptWhenTheAddButtonIsPressed()
 {
     PLNotebookWindowFixture window;
-    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
-    window.open();
-    beginTitle(window);
-    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    typeTitleOfA(window, u"Bal"_s);
     PLSidebarView *view = window.sidebar().view();
     const QRect section = view->visualRect(view->model()->index(int(PLSection::Places), 0));
 
@@ -338,10 +341,7 @@ void PLTitleEditingTest::aTitleIsKeptWhenTheAddButtonIsPressed()
 void PLTitleEditingTest::aTitleIsKeptWhenTheWindowCloses()
 {
     PLNotebookWindowFixture window;
-    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
-    window.open();
-    beginTitle(window);
-    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    typeTitleOfA(window, u"Bal"_s);
 
     QVERIFY(window.controller->window()->close());
 
@@ -382,10 +382,7 @@ void PLTitleEditingTest::aTitleIsKeptWhenTheProgramMustEnd()
 void PLTitleEditingTest::aFailedRenameHoldsNoEndUp()
 {
     PLNotebookWindowFixture window;
-    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
-    window.open();
-    beginTitle(window);
-    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    typeTitleOfA(window, u"Bal"_s);
     window.notebook.hideSection(u"Livre"_s);
 
     window.controller->saveCurrentItemQuietly();
@@ -407,10 +404,7 @@ void PLTitleEditingTest::aTitleGivenUpStaysGivenUp()
 {
     PLNotebookWindowFixture window;
     QFETCH(bool, isQuiet);
-    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
-    window.open();
-    beginTitle(window);
-    QTest::keyClicks(window.titleField(), u"Bal"_s);
+    typeTitleOfA(window, u"Bal"_s);
     QTest::keyClick(window.titleField(), Qt::Key_Escape);
 
     const bool isSaved =
@@ -435,10 +429,7 @@ void PLTitleEditingTest::whoClicksInTheTagsTypesThere()
     PLNotebookWindowFixture window;
     QFETCH(QString, typed);
     QFETCH(QString, file);
-    window.notebook.write(u"Livre/01 - A.md"_s, u"un"_s);
-    window.open();
-    beginTitle(window);
-    QTest::keyClicks(window.titleField(), typed);
+    typeTitleOfA(window, typed);
 
     window.editor()->tagField()->setFocus(Qt::MouseFocusReason);
     letEventsCome();

@@ -31,7 +31,7 @@ PLPageSession::PLPageSession(PLEditorView &editor, QObject *parent)
 {
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(autosaveDelay);
-    connect(&m_saveTimer, &QTimer::timeout, this, [this] { saveCurrentItem(); });
+    connect(&m_saveTimer, &QTimer::timeout, this, &PLPageSession::autosave);
     connect(editor.textView(), &PLPageTextView::textDidChange, this, &PLPageSession::contentDidChange);
 }
 
@@ -108,6 +108,15 @@ void PLPageSession::contentDidChange()
     m_saveTimer.start();
 }
 
+/// What was typed while the alert of a failed save is up is saved behind it.
+void PLPageSession::autosave()
+{
+    if (m_saving)
+        m_saveTimer.start();
+    else
+        saveCurrentItem(SaveFailure::TellWhoTypes);
+}
+
 bool PLPageSession::saveCurrentItem(SaveFailure failure)
 {
     m_saveTimer.stop();
@@ -115,15 +124,15 @@ bool PLPageSession::saveCurrentItem(SaveFailure failure)
         return true;
     // A save that is under way here waits in its alert. A quiet one is the last before the end: it tries
     // again.
-    if (m_saving && failure == SaveFailure::Tell)
+    if (m_saving && failure != SaveFailure::KeepQuiet)
         return false;
     m_saving = true;
     PLError error;
     const bool written = writeCurrentItem(&error);
     if (written)
         setDirty(false);
-    else if (failure == SaveFailure::Tell)
-        tellSaveFailure(error);
+    else if (failure != SaveFailure::KeepQuiet)
+        tellSaveFailure(error, failure);
     m_saving = false;
     return written;
 }
@@ -154,7 +163,7 @@ bool PLPageSession::writeCurrentItem(PLError *error)
 void PLPageSession::saveDocument()
 {
     setDirty(m_currentItem != nullptr);
-    saveCurrentItem();
+    saveCurrentItem(SaveFailure::TellWhoTypes);
 }
 
 bool PLPageSession::haveTagsChanged() const
@@ -193,7 +202,7 @@ void PLPageSession::setDirty(bool dirty)
     Q_EMIT dirtyChanged(dirty);
 }
 
-void PLPageSession::tellSaveFailure(const PLError &error) const
+void PLPageSession::tellSaveFailure(const PLError &error, SaveFailure failure) const
 {
     PLAlert alert;
     alert.message =
@@ -202,5 +211,6 @@ void PLPageSession::tellSaveFailure(const PLError &error) const
         PLLocalizedString(
             u"%@\n\nSi le carnet est sur une clé USB, vérifiez qu'elle est bien branchée. Votre texte reste affiché tant que la fenêtre est ouverte."_s),
         {error.message});
+    alert.letsTypingGoOn = failure == SaveFailure::TellWhoTypes;
     alert.runModal();
 }

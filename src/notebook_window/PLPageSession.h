@@ -21,8 +21,8 @@ class PLPageSession final : public QObject
     Q_OBJECT
 
 public:
-    /// Whether a failure to save is told at once, or left to whoever asked.
-    enum class SaveFailure { Tell, KeepQuiet };
+    /// Whether a failure to save is told at once, to a writer who may be typing on, or left to whoever asked.
+    enum class SaveFailure { Tell, TellWhoTypes, KeepQuiet };
 
     explicit PLPageSession(PLEditorView &editor, QObject *parent = nullptr);
     ~PLPageSession() override;
@@ -61,9 +61,10 @@ Q_SIGNALS:
     void outsideTextKept(const PLProjectItemPointer &page, const PLProjectItemPointer &keptPage);
 
 private:
+    void autosave();
     bool writeCurrentItem(PLError *error);
     void setDirty(bool dirty);
-    void tellSaveFailure(const PLError &error) const;
+    void tellSaveFailure(const PLError &error, SaveFailure failure) const;
 
     PLEditorView &m_editor;
     PLProjectItemPointer m_currentItem;

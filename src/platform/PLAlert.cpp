@@ -4,10 +4,13 @@
 #include "platform/PLAlert.h"
 
 #include "i18n/PLLocalization.h"
+#include "platform/PLTypingOn.h"
 
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +59,9 @@ int PLAlert::runModal(QWidget *parent) const
     box.setInformativeText(informativeText);
     showTextsAsTheyAre(box);
     addButtons(box, *this);
+    std::optional<PLTypingOn> typingOn;
+    if (letsTypingGoOn)
+        typingOn.emplace(box);
     box.exec();
     const qsizetype index = box.buttons().indexOf(box.clickedButton());
     return index < 0 ? escapeButton : FirstButton + int(index);

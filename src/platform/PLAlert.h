@@ -28,6 +28,9 @@ public:
     QStringList buttons; ///< without any, one "OK"
     Style style = Style::Warning;
     int escapeButton = SecondButton; ///< what Escape and the close box answer
+    /// For news that comes by itself: what is being typed goes on into the text, until a pause of half a
+    /// second, and does not answer the alert. Escape does.
+    bool letsTypingGoOn = false;
 
     /// Shows the alert and waits. With a parent it is a sheet of that window, else it holds the whole
     /// program.

@@ -58,11 +58,12 @@ a_file_in_the_place_of_the_folder_is_no_different() {
 saving_by_itself_tells_once() {
     write_unsaveable "quatre "
     expect_alert "couldn't save"
-    press Return
+    write "et plus " # who is typing does not answer it
+    press Escape
     expect_title "Le phare — Le départ*"
     put_folder_back
     press ctrl+s
-    { head -6 "$kept/$page" && printf 'un deux trois quatre ' && tail -n +7 "$kept/$page"; } >"$work/expected"
+    { head -6 "$kept/$page" && printf 'un deux trois quatre et plus ' && tail -n +7 "$kept/$page"; } >"$work/expected"
     expect_bytes "$notebook/$page" "$work/expected"
 }
 
@@ -76,7 +77,7 @@ quitting_asks_twice_and_stays() {
     expect_title "Le phare — Le départ*"
     put_folder_back
     press ctrl+s
-    { head -6 "$kept/$page" && printf 'un deux trois quatre cinq ' && tail -n +7 "$kept/$page"; } >"$work/expected"
+    { head -6 "$kept/$page" && printf 'un deux trois quatre et plus cinq ' && tail -n +7 "$kept/$page"; } >"$work/expected"
     expect_bytes "$notebook/$page" "$work/expected"
 }
 

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void aFailedSaveKeepsTheTextAndIsTriedAgain();
     void aFailedSaveCanBeQuiet();
     void aSaveDuringTheAlertOfAFailedOneDoesNothing();
+    void typingGoesOnBehindTheAlertOfASaveThatCameByItself_data();
+    void typingGoesOnBehindTheAlertOfASaveThatCameByItself();
+    void whatIsTypedWhileTheAlertIsUpIsSaved();
     void aPageInLatin1BecomesUTF8WhenItIsSaved();
 
 private:
@@ -325,6 +328,52 @@ void PLPageSessionTest::aSaveDuringTheAlertOfAFailedOneDoesNothing()
     QCOMPARE(alerts, 1);
     QVERIFY(!answer);
     QVERIFY(!m_session->isSaving());
+}
+
+void PLPageSessionTest::typingGoesOnBehindTheAlertOfASaveThatCameByItself_data()
+{
+    QTest::addColumn<std::function<void(PLPageSession &)>>("save");
+    QTest::addColumn<bool>("goesOn");
+    using Save = std::function<void(PLPageSession &)>;
+    QTest::newRow("two seconds after the last key")
+        << Save([](PLPageSession &session) { Q_EMIT session.findChild<QTimer *>()->timeout({}); }) << true;
+    QTest::newRow("the Save command") << Save([](PLPageSession &session) { session.saveDocument(); }) << true;
+    QTest::newRow("before another page, or the end")
+        << Save([](PLPageSession &session) { session.saveCurrentItem(); }) << false;
+}
+
+void PLPageSessionTest::typingGoesOnBehindTheAlertOfASaveThatCameByItself()
+{
+    QFETCH(const std::function<void(PLPageSession &)>, save);
+    QFETCH(const bool, goesOn);
+    m_notebook->write(u"Livre/A.md"_s, u"texte"_s);
+    QVERIFY(open(u"Livre/A.md"_s));
+    type(u"x"_s);
+    m_notebook->hideSection(u"Livre"_s);
+    save(*m_session);
+    QCOMPARE(m_alerts.size(), 1);
+    QCOMPARE(m_alerts.first().letsTypingGoOn, goesOn);
+}
+
+void PLPageSessionTest::whatIsTypedWhileTheAlertIsUpIsSaved()
+{
+    m_notebook->write(u"Livre/A.md"_s, u"texte"_s);
+    QVERIFY(open(u"Livre/A.md"_s));
+    type(u"x"_s);
+    m_notebook->hideSection(u"Livre"_s);
+    bool hasTriedMeanwhile = false;
+    PLAlert::setResponder([&](const PLAlert &) {
+        type(u"y"_s);
+        QSignalSpy tries(m_session->findChild<QTimer *>(), &QTimer::timeout);
+        hasTriedMeanwhile = tries.wait();
+        m_notebook->showSection(u"Livre"_s);
+        return PLAlert::FirstButton;
+    });
+
+    QVERIFY(!m_session->saveCurrentItem());
+    QVERIFY(hasTriedMeanwhile);
+    QTRY_COMPARE(m_notebook->read(u"Livre/A.md"_s), u"xytexte"_s);
+    QVERIFY(!m_session->isDirty());
 }
 
 void PLPageSessionTest::aPageInLatin1BecomesUTF8WhenItIsSaved()

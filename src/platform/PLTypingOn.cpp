@@ -7,8 +7,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 
-#include <memory>
-
 namespace {
 
 /// A list takes input methods too, for the field that it would open.
@@ -19,12 +17,26 @@ bool isText(const QWidget *widget)
 }
 
 /// Ctrl and Alt together are AltGr, which types characters.
-bool isOfText(const QKeyEvent &event)
+bool isCommand(const QKeyEvent &event)
 {
     const Qt::KeyboardModifiers held = event.modifiers();
-    const bool isCommand = held.testFlag(Qt::ControlModifier) != held.testFlag(Qt::AltModifier) ||
-                           held.testFlag(Qt::MetaModifier);
-    return event.key() != Qt::Key_Escape && !isCommand;
+    return event.key() == Qt::Key_Escape || held.testFlag(Qt::MetaModifier) ||
+           held.testFlag(Qt::ControlModifier) != held.testFlag(Qt::AltModifier);
+}
+
+/// A key, what is composed of several, and the question whether anything is to be composed.
+bool isTyping(const QEvent &event)
+{
+    switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return !isCommand(static_cast<const QKeyEvent &>(event));
+    case QEvent::InputMethod:
+    case QEvent::InputMethodQuery:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -45,12 +57,10 @@ bool PLTypingOn::eventFilter(QObject *watched, QEvent *event)
         return false;
     if (event->type() == QEvent::WindowActivate)
         m_end.setRemainingTime(m_longestGap); // until now no key could come
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    if (!isKey || !m_text || m_end.hasExpired() || !isOfText(*static_cast<QKeyEvent *>(event)))
+    if (!m_text || m_end.hasExpired() || !isTyping(*event))
         return false;
     m_end.setRemainingTime(m_longestGap);
-    const std::unique_ptr<QEvent> copy(event->clone());
-    QCoreApplication::sendEvent(m_text, copy.get());
+    QCoreApplication::sendEvent(m_text, event);
     event->accept();
     return true;
 }

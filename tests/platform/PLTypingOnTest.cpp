@@ -64,6 +64,7 @@ private Q_SLOTS:
     void cleanup();
 
     void whatIsTypedGoesToTheText();
+    void whatIsComposedGoesToTheText();
     void aPauseEndsIt();
     void itBeginsWhenTheWindowHasTheKeyboard();
     void escapeAndCommandsAreForTheWindow();
@@ -105,6 +106,20 @@ void PLTypingOnTest::whatIsTypedGoesToTheText()
     QCOMPARE(m_text->toPlainText(), u"Il y avait une \nfois"_s);
     QCOMPARE(clicks.count(), 0);
     QCOMPARE(QApplication::focusWidget(), m_button.get());
+}
+
+/// As with a dead key, "^" and "e".
+void PLTypingOnTest::whatIsComposedGoesToTheText()
+{
+    const PLTypingOn typingOn(*m_button, 1h);
+    QVERIFY(focus(*m_button));
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QCoreApplication::sendEvent(m_button.get(), &query);
+    QVERIFY(query.value(Qt::ImEnabled).toBool()); // else nothing is composed
+    QInputMethodEvent event;
+    event.setCommitString(u"ê"_s);
+    QCoreApplication::sendEvent(m_button.get(), &event);
+    QCOMPARE(m_text->toPlainText(), u"ê"_s);
 }
 
 void PLTypingOnTest::aPauseEndsIt()

@@ -6,7 +6,6 @@
 #include "library/PLTestPicture.h"
 #include "support/PLTestFiles.h"
 
-#include <QElapsedTimer>
 #include <QImageReader>
 #include <QTemporaryDir>
 #include <QTest>
@@ -42,8 +41,8 @@ private Q_SLOTS:
     void whatIsNoPictureIsNotShown();
     void whatIsNotAFileIsNotWaitedFor_data();
     void whatIsNotAFileIsNotWaitedFor();
-    void aHugePictureInASmallFileIsRefusedAtOnce_data();
-    void aHugePictureInASmallFileIsRefusedAtOnce();
+    void aHugePictureInASmallFileIsRefused_data();
+    void aHugePictureInASmallFileIsRefused();
     void aLargePhotographIsReadSmall();
     void veryLongPicturesHaveNoThumbnail();
 
@@ -264,13 +263,10 @@ void PLCoverPictureTest::whatIsNotAFileIsNotWaitedFor()
         QCOMPARE(::mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
     else if (kind != u"nothing")
         QVERIFY(QFile::link(kind, path()));
-    QElapsedTimer timer;
-    timer.start();
     QVERIFY(PLReadCoverPicture(path(), 360).isNull());
-    QVERIFY(timer.elapsed() < 1000);
 }
 
-void PLCoverPictureTest::aHugePictureInASmallFileIsRefusedAtOnce_data()
+void PLCoverPictureTest::aHugePictureInASmallFileIsRefused_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("PNG") << PLTestPicture::blackPNG(30'000);
@@ -280,23 +276,17 @@ void PLCoverPictureTest::aHugePictureInASmallFileIsRefusedAtOnce_data()
     QTest::newRow("BMP") << PLTestPicture::hugeBMP(30'000);
 }
 
-void PLCoverPictureTest::aHugePictureInASmallFileIsRefusedAtOnce()
+void PLCoverPictureTest::aHugePictureInASmallFileIsRefused()
 {
     QFETCH(QByteArray, bytes);
     QVERIFY(PLMakeFile(path(), bytes));
-    QElapsedTimer timer;
-    timer.start();
     QVERIFY(PLReadCoverPicture(path(), 360).isNull());
-    QVERIFY(timer.elapsed() < 100); // not a pixel has been decoded
 }
 
 void PLCoverPictureTest::aLargePhotographIsReadSmall()
 {
     QVERIFY(PLMakeFile(path(), PLTestPicture::photograph({4000, 3000}, 1)));
-    QElapsedTimer timer;
-    timer.start();
     QCOMPARE(PLReadCoverPicture(path(), 360).size(), QSize(360, 270));
-    QVERIFY(timer.elapsed() < 2000);
 }
 
 void PLCoverPictureTest::veryLongPicturesHaveNoThumbnail()

@@ -4,7 +4,6 @@
 #include "platform/PLProgramStart.h"
 #include "support/PLTestFiles.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -177,14 +176,11 @@ void PLInstanceLeftoversTest::aStoppedProgramHoldsNoStartUp()
     QVERIFY(program.isFirst());
     program.signal(SIGSTOP);
     m_environment.insert(u"START_TIMEOUT"_s, u"500"_s);
-    QElapsedTimer timer;
-    timer.start();
     for (const QStringList &paths :
          {QStringList{u"/a"_s}, QStringList(), QStringList(50'000, u"/a/long/path"_s)}) {
         Start later(m_environment, paths);
         QCOMPARE(later.line(), QByteArray("no answer"));
     }
-    QVERIFY2(timer.elapsed() < 15'000, qPrintable(QString::number(timer.elapsed())));
     program.signal(SIGCONT);
 }
 

@@ -3,7 +3,6 @@
 
 #include "platform/PLSpellWords.h"
 
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -17,8 +16,8 @@ private Q_SLOTS:
     void wordsAreFoundBetweenEverythingElse_data();
     void wordsAreFoundBetweenEverythingElse();
     void wordsOfAnyTextAreInOrderAndInside();
-    void aVeryLongLineTakesNoTime_data();
-    void aVeryLongLineTakesNoTime();
+    void aVeryLongLineComesToAnEnd_data();
+    void aVeryLongLineComesToAnEnd();
 };
 
 void PLSpellWordsTest::wordsAreFoundBetweenEverythingElse_data()
@@ -86,7 +85,7 @@ void PLSpellWordsTest::wordsOfAnyTextAreInOrderAndInside()
     }
 }
 
-void PLSpellWordsTest::aVeryLongLineTakesNoTime_data()
+void PLSpellWordsTest::aVeryLongLineComesToAnEnd_data()
 {
     QTest::addColumn<QString>("piece");
     for (const QString &piece : {u"[["_s, u"]("_s, u"`"_s, u"[["_s + u"]( "_s, u"a://"_s, u"a@"_s, u"www."_s,
@@ -94,22 +93,14 @@ void PLSpellWordsTest::aVeryLongLineTakesNoTime_data()
         QTest::newRow(qPrintable(piece)) << piece;
 }
 
-/// The time grows as the line does: eight times the line may take no more than thirty times as long.
-void PLSpellWordsTest::aVeryLongLineTakesNoTime()
+/// A time that grew as the square of the length would be many minutes, and Qt ends a test after five.
+void PLSpellWordsTest::aVeryLongLineComesToAnEnd()
 {
     QFETCH(QString, piece);
-    const auto nanoseconds = [&piece](int count) {
-        const QString line = piece.repeated(count);
-        QElapsedTimer timer;
-        timer.start();
-        PLSpellWords(line);
-        return timer.nsecsElapsed();
-    };
-    nanoseconds(1000);
-    const qint64 shortLine = nanoseconds(20'000);
-    const qint64 longLine = nanoseconds(160'000);
-    QVERIFY2(longLine < 30 * shortLine + 20'000'000,
-             qPrintable(u"%1 ms, %2 ms"_s.arg(shortLine / 1e6).arg(longLine / 1e6)));
+    const QString line = u"début "_s + piece.repeated(1'000'000) + u" fin"_s;
+    const QList<PLTextRange> words = PLSpellWords(line);
+    QVERIFY(!words.isEmpty());
+    QCOMPARE(line.sliced(words.first().position, words.first().length), u"début"_s);
 }
 
 QTEST_APPLESS_MAIN(PLSpellWordsTest)

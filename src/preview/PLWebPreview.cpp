@@ -105,8 +105,17 @@ void PLWebPreview::loadingDidChange(const QWebEngineLoadingInfo &info)
         frameDidLoad();
     else if (m_state == State::Loading && info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
         renderProcessDied();
+    else if (m_state == State::Loading && info.status() == QWebEngineLoadingInfo::LoadStoppedStatus)
+        QMetaObject::invokeMethod(this, &PLWebPreview::loadWasBrokenOff, Qt::QueuedConnection);
     else if (m_state != State::Loading && isThere && std::exchange(m_isRepeated, false))
         loseDocument(); // the first load was not dropped after all, and the second has an empty frame
+}
+
+/// For a link that was clicked, or for the next load, which has begun by now.
+void PLWebPreview::loadWasBrokenOff()
+{
+    if (!m_page->isLoading())
+        repeatLoad();
 }
 
 /// A link was clicked that leads to an empty page, or is none ("http:///"): the engine shows one and asks

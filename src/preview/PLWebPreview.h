@@ -49,6 +49,7 @@ private:
     void startLoad(const Document &document);
     void repeatLoad();
     void loadingDidChange(const QWebEngineLoadingInfo &info);
+    void loadWasBrokenOff();
     void documentDidGo();
     void frameDidLoad();
     void fill();

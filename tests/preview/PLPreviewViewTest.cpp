@@ -5,6 +5,7 @@
 #include "support/PLTestEnvironment.h"
 
 #include <QApplication>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
 #include <QWheelEvent>
 
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void aLinkClickIsHandedOverAndThePageStays_data();
     void aLinkClickIsHandedOverAndThePageStays();
     void aLinkClickedWhileAPageLoadsLosesNothing();
+    void aLoadThatTheEngineBreaksOffIsRepeated();
     void aLinkToAnEmptyPageBringsThePageBack_data();
     void aLinkToAnEmptyPageBringsThePageBack();
     void theFocusStaysInTheText();
@@ -309,6 +311,26 @@ void PLPreviewViewTest::aLinkClickedWhileAPageLoadsLosesNothing()
         QCOMPARE(bench.content(), link.arg(number).replace(u'\'', u'"'));
     }
     QVERIFY(clicked.count() > 0);
+}
+
+/// As it does when a link is clicked at the wrong moment.
+void PLPreviewViewTest::aLoadThatTheEngineBreaksOffIsRepeated()
+{
+    PLPreviewBench bench;
+    int breaks = 0;
+    connect(bench.view->page(), &QWebEnginePage::loadingChanged, this,
+            [&breaks](const QWebEngineLoadingInfo &info) {
+                breaks += info.status() == QWebEngineLoadingInfo::LoadStoppedStatus;
+            });
+    QSignalSpy finished(bench.preview, &PLPreviewView::didFinishLoad);
+    QSignalSpy started(bench.view->page(), &QWebEnginePage::loadStarted);
+    bench.preview->loadDocument(bench.document(u"<p>x</p>"_s), QUrl());
+    QVERIFY(started.wait(30'000));
+    bench.view->stop();
+    QVERIFY(finished.wait(30'000));
+    QCOMPARE(breaks, 1);
+    QCOMPARE(bench.content(), u"<p>x</p>"_s);
+    QCOMPARE(finished.count(), 1);
 }
 
 void PLPreviewViewTest::aLinkToAnEmptyPageBringsThePageBack_data()

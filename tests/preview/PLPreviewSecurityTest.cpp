@@ -108,7 +108,7 @@ void PLPreviewSecurityTest::nothingInAPageRunsOrIsFetched()
     QVERIFY(bench.load(bench.document(filled)));
     settle();
     bench.preview->replaceContent(filled + u"<p id='fin'>encore</p>"_s);
-    QTRY_VERIFY(bench.evaluate(u"document.getElementById('fin') !== null"_s).toBool());
+    QTRY_VERIFY_WITH_TIMEOUT(bench.evaluate(u"document.getElementById('fin') !== null"_s).toBool(), 30'000);
     settle();
     QVERIFY(bench.evaluate(u"document.title"_s).toString() != u"RUN"_s);
     QCOMPARE(m_connections, 0);
@@ -182,7 +182,7 @@ void PLPreviewSecurityTest::picturesOfTheNotebookAreShown()
     PLPreviewBench bench;
     const QString image = u"<img src=\"%1\">"_s.arg(PLFilledPayload(source, address(), path(u"Roman"_s)));
     QVERIFY(bench.load(bench.document(image), pageFolder()));
-    QTRY_VERIFY(bench.evaluate(u"document.images[0].complete"_s).toBool());
+    QTRY_VERIFY_WITH_TIMEOUT(bench.evaluate(u"document.images[0].complete"_s).toBool(), 30'000);
     QTEST(bench.evaluate(u"document.images[0].naturalWidth > 0"_s).toBool(), "isShown");
 }
 

@@ -100,7 +100,7 @@ void PLPreviewViewTest::theContentIsReplacedInPlace()
     bench.evaluate(u"document.body.setAttribute('data-mark', 'same document')"_s);
     QSignalSpy finished(bench.preview, &PLPreviewView::didFinishLoad);
     bench.preview->replaceContent(u"<p>deux</p>"_s);
-    QTRY_COMPARE(bench.content(), u"<p>deux</p>"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(bench.content(), u"<p>deux</p>"_s, 30'000);
     QCOMPARE(bench.evaluate(u"document.body.dataset.mark"_s).toString(), u"same document"_s);
     QCOMPARE(finished.count(), 0);
 }
@@ -138,7 +138,7 @@ void PLPreviewViewTest::whateverTheContentHolds()
         wanted.append(QString::number(unit.unicode()));
     QCOMPARE(units(), wanted.join(u' '));
     bench.preview->replaceContent(u"<i>"_s + html + u"</i>"_s);
-    QTRY_COMPARE(units(), u"60 105 62 "_s + wanted.join(u' ') + u" 60 47 105 62"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(units(), u"60 105 62 "_s + wanted.join(u' ') + u" 60 47 105 62"_s, 30'000);
 }
 
 void PLPreviewViewTest::theScrollPositionOutlivesAReplacement()
@@ -148,7 +148,8 @@ void PLPreviewViewTest::theScrollPositionOutlivesAReplacement()
     bench.evaluate(u"window.scrollTo(0, 1234)"_s);
     QCOMPARE(bench.evaluate(u"window.scrollY"_s).toInt(), 1234);
     bench.preview->replaceContent(paragraphs(299));
-    QTRY_COMPARE(bench.evaluate(u"document.querySelectorAll('p').length"_s).toInt(), 299);
+    QTRY_COMPARE_WITH_TIMEOUT(bench.evaluate(u"document.querySelectorAll('p').length"_s).toInt(), 299,
+                              30'000);
     QCOMPARE(bench.evaluate(u"window.scrollY"_s).toInt(), 1234);
 }
 
@@ -174,7 +175,8 @@ void PLPreviewViewTest::theRatioIsFollowed()
     bench.preview->scrollToRatio(ratio);
     const double range = bench.evaluate(u"document.body.scrollHeight - window.innerHeight"_s).toDouble();
     QVERIFY(range > 1000);
-    QTRY_VERIFY(qAbs(bench.evaluate(u"window.scrollY"_s).toDouble() - followed * range) <= 1.0);
+    QTRY_VERIFY_WITH_TIMEOUT(qAbs(bench.evaluate(u"window.scrollY"_s).toDouble() - followed * range) <= 1.0,
+                             30'000);
 }
 
 void PLPreviewViewTest::aReplacementAndARatioGoTogether()
@@ -184,7 +186,7 @@ void PLPreviewViewTest::aReplacementAndARatioGoTogether()
     bench.preview->replaceContent(paragraphs(500));
     bench.preview->scrollToRatio(1);
     // The ratio is one of the new content's height.
-    QTRY_VERIFY(bench.evaluate(u"window.scrollY"_s).toDouble() > 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(bench.evaluate(u"window.scrollY"_s).toDouble() > 5000, 30'000);
     QCOMPARE(bench.evaluate(u"document.querySelectorAll('p').length"_s).toInt(), 500);
 }
 
@@ -194,7 +196,7 @@ void PLPreviewViewTest::aMissingElementIsToldOf()
     QVERIFY(bench.load(u"<!DOCTYPE html><html><body><p>Rien d'autre.</p></body></html>"_s));
     QSignalSpy missing(bench.preview, &PLPreviewView::contentMissing);
     bench.preview->replaceContent(u"<p>perdu</p>"_s);
-    QVERIFY(missing.wait());
+    QVERIFY(missing.wait(30'000));
     QVERIFY(bench.load(bench.document(u"<p>retrouvé</p>"_s)));
     QCOMPARE(bench.content(), u"<p>retrouvé</p>"_s);
     QCOMPARE(missing.count(), 1);
@@ -205,7 +207,7 @@ void PLPreviewViewTest::replacingBeforeAnyLoadAsksForTheDocument()
     PLPreviewBench bench;
     QSignalSpy missing(bench.preview, &PLPreviewView::contentMissing);
     bench.preview->replaceContent(u"<p>trop tôt</p>"_s);
-    QVERIFY(missing.wait());
+    QVERIFY(missing.wait(30'000));
 }
 
 void PLPreviewViewTest::theLatestOfManyLoadsIsShown()
@@ -214,7 +216,7 @@ void PLPreviewViewTest::theLatestOfManyLoadsIsShown()
     QSignalSpy finished(bench.preview, &PLPreviewView::didFinishLoad);
     for (int number = 1; number <= 20; ++number)
         bench.preview->loadDocument(bench.document(u"<p>page %1</p>"_s.arg(number)), QUrl());
-    QVERIFY(finished.wait());
+    QVERIFY(finished.wait(30'000));
     QCOMPARE(bench.content(), u"<p>page 20</p>"_s);
     QCOMPARE(finished.count(), 1);
 }
@@ -227,7 +229,7 @@ void PLPreviewViewTest::theLatestOfManyReplacementsIsShown()
                    ".observe(document.getElementById('contenu'), {childList: true});"_s);
     for (int number = 1; number <= 200; ++number)
         bench.preview->replaceContent(u"<p>texte %1</p>"_s.arg(number));
-    QTRY_COMPARE(bench.content(), u"<p>texte 200</p>"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(bench.content(), u"<p>texte 200</p>"_s, 30'000);
     // What came while the engine was busy was not put in one by one.
     const int seen = bench.evaluate(u"window.seen"_s).toInt();
     QVERIFY2(seen >= 1 && seen <= 3, qPrintable(QString::number(seen)));
@@ -239,7 +241,7 @@ void PLPreviewViewTest::aReplacementDuringALoadIsShown()
     QSignalSpy finished(bench.preview, &PLPreviewView::didFinishLoad);
     bench.preview->loadDocument(bench.document(u"<p>vieux</p>"_s), QUrl());
     bench.preview->replaceContent(u"<p>neuf</p>"_s);
-    QVERIFY(finished.wait());
+    QVERIFY(finished.wait(30'000));
     QCOMPARE(bench.content(), u"<p>neuf</p>"_s);
     bench.preview->replaceContent(u"<p>pour l'ancienne page</p>"_s);
     QVERIFY(bench.load(bench.document(u"<p>autre page</p>"_s)));
@@ -307,7 +309,7 @@ void PLPreviewViewTest::aLinkClickedWhileAPageLoadsLosesNothing()
         QTest::qWait(number % 5);
         bench.preview->loadDocument(bench.document(link.arg(number), style), QUrl());
         QTest::mouseClick(bench.surface(), Qt::LeftButton, {}, QPoint(60, 60));
-        QVERIFY2(finished.wait(), qPrintable(QString::number(number)));
+        QVERIFY2(finished.wait(30'000), qPrintable(QString::number(number)));
         QCOMPARE(bench.content(), link.arg(number).replace(u'\'', u'"'));
     }
     QVERIFY(clicked.count() > 0);
@@ -379,22 +381,28 @@ void PLPreviewViewTest::theFocusStaysInTheText()
     QTRY_COMPARE_WITH_TIMEOUT(bench.evaluate(activeElement).toString(), u"INPUT"_s, 30'000);
     bench.preview->replaceContent(paragraphs(200));
     bench.preview->scrollToRatio(0.5);
-    QTRY_VERIFY(bench.evaluate(u"window.scrollY"_s).toDouble() > 100);
+    QTRY_VERIFY_WITH_TIMEOUT(bench.evaluate(u"window.scrollY"_s).toDouble() > 100, 30'000);
 
     QWidget *target = bench.surface();
     const double before = bench.evaluate(u"window.scrollY"_s).toDouble();
     const QPointF place(100, 100);
     QWheelEvent wheel(place, target->mapToGlobal(place), QPoint(0, -120), QPoint(0, -120), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(target, &wheel);
-    QTRY_VERIFY(bench.evaluate(u"window.scrollY"_s).toDouble() > before);
+    const auto scroll = [&] {
+        QApplication::sendEvent(target, &wheel);
+        return bench.evaluate(u"window.scrollY"_s).toDouble() > before;
+    };
+    QVERIFY(QTest::qWaitFor(scroll, 30'000));
 
-    QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(100, 100));
-    QTest::mousePress(target, Qt::LeftButton, {}, QPoint(50, 100));
-    QTest::mouseMove(target, QPoint(120, 110));
-    QTest::mouseMove(target, QPoint(150, 200));
-    QTest::mouseRelease(target, Qt::LeftButton, {}, QPoint(150, 200));
-    QTRY_VERIFY(!bench.view->selectedText().isEmpty()); // the engine has seen it
+    const auto select = [&] {
+        QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(100, 100));
+        QTest::mousePress(target, Qt::LeftButton, {}, QPoint(50, 100));
+        QTest::mouseMove(target, QPoint(120, 110));
+        QTest::mouseMove(target, QPoint(150, 200));
+        QTest::mouseRelease(target, Qt::LeftButton, {}, QPoint(150, 200));
+        return QTest::qWaitFor([&bench] { return !bench.view->selectedText().isEmpty(); }, 500);
+    };
+    QVERIFY(QTest::qWaitFor(select, 30'000)); // the engine has seen it
     QCOMPARE(QApplication::focusWidget(), bench.text);
     QCOMPARE(moves.count(), 0);
     QTest::keyClicks(QApplication::focusWidget(), u"abc"_s);
@@ -417,7 +425,7 @@ void PLPreviewViewTest::aPreviewAddedToAShownWindowLeavesTheFocus()
     layout->addWidget(preview->widget());
     QSignalSpy finished(preview, &PLPreviewView::didFinishLoad);
     preview->loadDocument(PLPreviewBench::document(u"<p>x</p>"_s), QUrl());
-    QVERIFY(finished.wait());
+    QVERIFY(finished.wait(30'000));
     QTRY_COMPARE(QApplication::focusWidget(), text);
     QTest::keyClicks(QApplication::focusWidget(), u"abc"_s);
     QCOMPARE(text->toPlainText(), u"abc"_s);
@@ -431,12 +439,12 @@ void PLPreviewViewTest::aDeadEngineComesBack()
     const qint64 process = bench.view->page()->renderProcessPid();
     QVERIFY(process > 1);
     QCOMPARE(::kill(pid_t(process), SIGKILL), 0);
-    QVERIFY(missing.wait());
+    QVERIFY(missing.wait(30'000));
     QVERIFY(bench.load(bench.document(u"<p>après</p>"_s)));
     QCOMPARE(bench.content(), u"<p>après</p>"_s);
     QVERIFY(bench.view->page()->renderProcessPid() != process);
     bench.preview->replaceContent(u"<p>encore</p>"_s);
-    QTRY_COMPARE(bench.content(), u"<p>encore</p>"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(bench.content(), u"<p>encore</p>"_s, 30'000);
 }
 
 void PLPreviewViewTest::aPageThatAlwaysKillsTheEngineIsGivenUp()

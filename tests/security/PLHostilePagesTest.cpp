@@ -362,7 +362,7 @@ void PLHostilePagesTest::onlyTheWebAndMailAreHandedToTheSystem()
     show(page(u"[suite](T)", target));
     clickFirstLink();
     if (!url.isEmpty())
-        QTRY_VERIFY(!m_handedToTheSystem.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_handedToTheSystem.isEmpty(), 30'000);
     QCOMPARE(whatHappened(), QStringList());
     QStringList handed;
     for (const QUrl &address : std::as_const(m_handedToTheSystem))

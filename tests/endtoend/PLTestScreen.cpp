@@ -42,7 +42,8 @@ bool PLTestScreen::startProcess(QProcess &process, const QString &program, const
 /// The server finds a free display number itself.
 QString PLTestScreen::start()
 {
-    const QStringList options = u"-displayfd 1 -screen 0 1000x700x24 -noreset -nolisten tcp"_s.split(u' ');
+    // It repeats no key: on a busy machine, a key is held for longer than was meant.
+    const QStringList options = u"-r -displayfd 1 -screen 0 1000x700x24 -noreset -nolisten tcp"_s.split(u' ');
     if (!startProcess(m_server, u"Xvfb"_s, options))
         return u"no Xvfb"_s;
     while (!m_server.canReadLine() && m_server.waitForReadyRead(patience)) {

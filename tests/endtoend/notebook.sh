@@ -83,8 +83,7 @@ a_title_left_as_proposed_is_kept() {
     press Return
     write "x"
     press ctrl+s
-    until_true "the new place" test -s "$notebook/Lieux/Nouveau lieu.md"
-    grep -q x "$notebook/Lieux/Nouveau lieu.md" || fail "the text has not got the focus"
+    until_true "the text of the new place" grep -q x "$notebook/Lieux/Nouveau lieu.md"
     cp "$notebook/Lieux/Nouveau lieu.md" "$kept/Lieux/"
     expect_folder "keeping the proposed title"
 }

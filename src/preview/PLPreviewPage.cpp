@@ -22,8 +22,8 @@ QUrl folderURL(QUrl url)
 
 } // namespace
 
-PLPreviewPage::PLPreviewPage(QWebEngineProfile *profile, QObject *parent)
-    : QWebEnginePage(profile, parent), m_gate(new PLPreviewGate(this))
+PLPreviewPage::PLPreviewPage(QWebEngineProfile *profile)
+    : QWebEnginePage(profile), m_gate(new PLPreviewGate(this))
 {
     setUrlRequestInterceptor(m_gate);
     connect(this, &QWebEnginePage::newWindowRequested, this, &PLPreviewPage::handOverNewWindow);

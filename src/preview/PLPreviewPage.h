@@ -14,7 +14,7 @@ class PLPreviewPage final : public QWebEnginePage
     Q_OBJECT
 
 public:
-    PLPreviewPage(QWebEngineProfile *profile, QObject *parent);
+    explicit PLPreviewPage(QWebEngineProfile *profile);
 
     /// Shows a document; the pictures in it are relative to the folder `baseURL`.
     void showDocument(const QString &html, const QUrl &baseURL);

@@ -25,20 +25,27 @@ constexpr qint64 deathsTogetherMilliseconds = 60'000;
 PLWebPreview::PLWebPreview(QWidget *parent)
     : PLPreviewView(parent)
     , m_profile(PLPreviewProfile())
-    , m_widget(new PLUnfocusedWebView(parent))
-    , m_page(new PLPreviewPage(m_profile.get(), m_widget))
+    , m_page(std::make_unique<PLPreviewPage>(m_profile.get()))
 {
     m_page->setBackgroundColor(PLTheme::paperColor()); // no white flash before the first page
-    static_cast<PLUnfocusedWebView *>(m_widget.data())->setPage(m_page);
-    connect(m_page, &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
-    connect(m_page, &PLPreviewPage::navigationRefused, this, &PLWebPreview::repeatLoad, Qt::QueuedConnection);
-    connect(m_page, &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);
-    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &PLWebPreview::renderProcessDied);
+    auto *view = new PLUnfocusedWebView(parent);
+    view->setPage(m_page.get());
+    m_widget = view;
+    connect(m_page.get(), &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
+    connect(m_page.get(), &PLPreviewPage::navigationRefused, this, &PLWebPreview::repeatLoad,
+            Qt::QueuedConnection);
+    connect(m_page.get(), &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);
+    connect(m_page.get(), &QWebEnginePage::renderProcessTerminated, this, &PLWebPreview::renderProcessDied);
 }
 
+/// In silence: the engine answers what is still under way when its page goes, and who listens may be half
+/// gone.
 PLWebPreview::~PLWebPreview()
 {
+    m_page->disconnect(this);
+    forgetDocument();
     delete m_widget;
+    m_page.reset();
 }
 
 QWidget *PLWebPreview::widget() const
@@ -186,7 +193,7 @@ void PLWebPreview::runScript(const QString &script, const std::function<void(con
     m_isBusy = true;
     // The engine answers even while the page is being destroyed, and after the next document was asked for.
     const auto answer = [self = QPointer(this), load = m_load, then](const QVariant &value) {
-        if (!self || !self->m_widget || load != self->m_load)
+        if (!self || load != self->m_load)
             return;
         self->m_isBusy = false;
         then(value);

@@ -64,8 +64,8 @@ private:
     void askForDocument();
 
     std::shared_ptr<QWebEngineProfile> m_profile; // let go of after the page
+    std::unique_ptr<PLPreviewPage> m_page;
     QPointer<QWidget> m_widget; ///< the view; the pane that it is shown in may delete it first
-    PLPreviewPage *m_page;
 
     State m_state = State::Empty;
     int m_load = 0; // counts the loads, so that an answer from an earlier one is known

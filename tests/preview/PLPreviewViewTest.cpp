@@ -68,6 +68,8 @@ private Q_SLOTS:
     void aPageThatAlwaysKillsTheEngineIsGivenUp();
     void twoPreviewsShareAProfileThatKeepsNothing();
     void previewsMayGoInAnyOrder();
+    void aPreviewThatGoesSaysNoMore_data();
+    void aPreviewThatGoesSaysNoMore();
 
 private:
     PLTestEnvironment m_environment;
@@ -493,6 +495,50 @@ void PLPreviewViewTest::previewsMayGoInAnyOrder()
     two.reset();
     PLPreviewBench three;
     QVERIFY(three.load(three.document(u"<p>trois</p>"_s)));
+}
+
+void PLPreviewViewTest::aPreviewThatGoesSaysNoMore_data()
+{
+    QTest::addColumn<bool>("isLoading");
+    QTest::addColumn<bool>("widgetGoesFirst");
+    QTest::newRow("while it loads") << true << false;
+    QTest::newRow("while it loads, the widget first") << true << true;
+    QTest::newRow("while its content is replaced") << false << false;
+    QTest::newRow("while its content is replaced, the widget first") << false << true;
+}
+
+/// The engine answers what is still under way when its page is destroyed, and who would hear of it is half
+/// destroyed by then.
+void PLPreviewViewTest::aPreviewThatGoesSaysNoMore()
+{
+    QFETCH(const bool, isLoading);
+    QFETCH(const bool, widgetGoesFirst);
+    auto bench = std::make_unique<PLPreviewBench>();
+    QStringList said;
+    connect(bench->preview, &PLPreviewView::didFinishLoad, this, [&said] { said.append(u"loaded"_s); });
+    connect(bench->preview, &PLPreviewView::contentMissing, this, [&said] { said.append(u"missing"_s); });
+    pid_t process = 0; // stopped, so that it cannot answer before
+    const auto stop = [&] {
+        process = pid_t(bench->view->page()->renderProcessPid());
+        ::kill(process, SIGSTOP);
+    };
+    if (isLoading) {
+        connect(bench->view->page(), &QWebEnginePage::loadFinished, this, stop); // only its frame is there
+        bench->preview->loadDocument(bench->document(paragraphs(20'000)), QUrl());
+        QTRY_VERIFY_WITH_TIMEOUT(process > 1, 30'000);
+    } else {
+        QVERIFY(bench->load(bench->document(u"<p>un</p>"_s)));
+        said.clear();
+        stop();
+        QVERIFY(process > 1);
+        bench->preview->replaceContent(u"<p>deux</p>"_s);
+    }
+    QCOMPARE(said, QStringList());
+    if (widgetGoesFirst)
+        delete bench->preview->widget();
+    bench.reset();
+    ::kill(process, SIGCONT);
+    QCOMPARE(said, QStringList());
 }
 
 int main(int argc, char *argv[])

@@ -23,19 +23,9 @@ constexpr qint64 deathsTogetherMilliseconds = 60'000;
 } // namespace
 
 PLWebPreview::PLWebPreview(QWidget *parent)
-    : PLPreviewView(parent)
-    , m_profile(PLPreviewProfile())
-    , m_page(std::make_unique<PLPreviewPage>(m_profile.get()))
+    : PLPreviewView(parent), m_profile(PLPreviewProfile()), m_view(new PLUnfocusedWebView(parent))
 {
-    m_page->setBackgroundColor(PLTheme::paperColor()); // no white flash before the first page
-    auto *view = new PLUnfocusedWebView(parent);
-    view->setPage(m_page.get());
-    m_widget = view;
-    connect(m_page.get(), &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
-    connect(m_page.get(), &PLPreviewPage::navigationRefused, this, &PLWebPreview::repeatLoad,
-            Qt::QueuedConnection);
-    connect(m_page.get(), &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);
-    connect(m_page.get(), &QWebEnginePage::renderProcessTerminated, this, &PLWebPreview::renderProcessDied);
+    makePage();
 }
 
 /// In silence: the engine answers what is still under way when its page goes, and who listens may be half
@@ -44,13 +34,28 @@ PLWebPreview::~PLWebPreview()
 {
     m_page->disconnect(this);
     forgetDocument();
-    delete m_widget;
+    delete m_view;
     m_page.reset();
 }
 
 QWidget *PLWebPreview::widget() const
 {
-    return m_widget;
+    return m_view;
+}
+
+void PLWebPreview::makePage()
+{
+    auto page = std::make_unique<PLPreviewPage>(m_profile.get());
+    page->setBackgroundColor(PLTheme::paperColor()); // no white flash before the first document
+    connect(page.get(), &PLPreviewPage::linkClicked, this, &PLWebPreview::linkClicked);
+    connect(page.get(), &PLPreviewPage::navigationRefused, this, &PLWebPreview::repeatLoad);
+    connect(page.get(), &QWebEnginePage::loadingChanged, this, &PLWebPreview::loadingDidChange);
+    connect(page.get(), &QWebEnginePage::renderProcessTerminated, this, &PLWebPreview::renderProcessDied);
+    if (m_view)
+        m_view->setPage(page.get());
+    if (m_page)
+        m_page->disconnect(this);
+    m_page = std::move(page);
 }
 
 /// A load that is under way is not broken off: the engine could not tell its end from that of the next one.
@@ -83,56 +88,51 @@ void PLWebPreview::scrollToRatio(double ratio)
 void PLWebPreview::startLoad(const Document &document)
 {
     const PLPreviewDocument parts = PLPreviewDocument::fromHTML(document.html);
-    ++m_load;
-    m_state = State::Loading;
-    m_isBusy = false;
-    m_isRepeated = false;
     // What was asked for while another load was under way is meant for this document.
     if (!m_nextContent && !parts.content.isNull())
         m_nextContent = parts.content;
     m_frame = {parts.frame, document.baseURL};
+    showFrame();
+}
+
+void PLWebPreview::showFrame()
+{
+    ++m_load;
+    m_state = State::Loading;
+    m_isBusy = false;
     m_page->showDocument(m_frame.html, m_frame.baseURL);
 }
 
-/// A link was clicked while the frame was on its way: the engine has dropped it without a word (Qt 6.4.2).
+/// A link was clicked while the frame was on its way: the engine may have dropped it without a word
+/// (Qt 6.4.2), or may show it after all. In a page of its own the second load is the only one. Not at once:
+/// the page is still busy with what it tells of.
 void PLWebPreview::repeatLoad()
 {
-    if (m_state != State::Loading)
-        return;
-    m_isRepeated = true;
-    m_page->showDocument(m_frame.html, m_frame.baseURL);
+    const auto repeat = [this, load = m_load] {
+        if (load != m_load || m_state != State::Loading)
+            return;
+        makePage();
+        showFrame();
+    };
+    QMetaObject::invokeMethod(this, repeat, Qt::QueuedConnection);
 }
 
 void PLWebPreview::loadingDidChange(const QWebEngineLoadingInfo &info)
 {
     const bool isThere = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
-    if (isThere && info.url().scheme() == u"about")
-        documentDidGo();
-    else if (m_state == State::Loading && isThere)
+    // A link was clicked that leads to an empty page, or is none ("http:///"): the engine shows one and asks
+    // nobody (Qt 6.4.2).
+    const bool isElsewhere = isThere && info.url().scheme() == u"about";
+    if (m_state != State::Loading) {
+        if (isElsewhere)
+            loseDocument();
+    } else if (isElsewhere || info.status() == QWebEngineLoadingInfo::LoadStoppedStatus) {
+        repeatLoad();
+    } else if (isThere) {
         frameDidLoad();
-    else if (m_state == State::Loading && info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
+    } else if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus) {
         renderProcessDied();
-    else if (m_state == State::Loading && info.status() == QWebEngineLoadingInfo::LoadStoppedStatus)
-        QMetaObject::invokeMethod(this, &PLWebPreview::loadWasBrokenOff, Qt::QueuedConnection);
-    else if (m_state != State::Loading && isThere && std::exchange(m_isRepeated, false))
-        loseDocument(); // the first load was not dropped after all, and the second has an empty frame
-}
-
-/// For a link that was clicked, or for the next load, which has begun by now.
-void PLWebPreview::loadWasBrokenOff()
-{
-    if (!m_page->isLoading())
-        repeatLoad();
-}
-
-/// A link was clicked that leads to an empty page, or is none ("http:///"): the engine shows one and asks
-/// nobody (Qt 6.4.2).
-void PLWebPreview::documentDidGo()
-{
-    if (m_state == State::Loading)
-        repeatLoad();
-    else
-        loseDocument();
+    }
 }
 
 void PLWebPreview::frameDidLoad()

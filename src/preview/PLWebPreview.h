@@ -46,11 +46,11 @@ private:
         QUrl baseURL;
     };
 
+    void makePage();
     void startLoad(const Document &document);
+    void showFrame();
     void repeatLoad();
     void loadingDidChange(const QWebEngineLoadingInfo &info);
-    void loadWasBrokenOff();
-    void documentDidGo();
     void frameDidLoad();
     void fill();
     void didFill();
@@ -65,12 +65,11 @@ private:
 
     std::shared_ptr<QWebEngineProfile> m_profile; // let go of after the page
     std::unique_ptr<PLPreviewPage> m_page;
-    QPointer<QWidget> m_widget; ///< the view; the pane that it is shown in may delete it first
+    QPointer<PLUnfocusedWebView> m_view; ///< the pane that it is shown in may delete it first
 
     State m_state = State::Empty;
     int m_load = 0; // counts the loads, so that an answer from an earlier one is known
     bool m_isBusy = false;
-    bool m_isRepeated = false;
     Document m_frame; // without its content
     std::optional<Document> m_nextDocument;
     std::optional<QString> m_nextContent;
